@@ -1,0 +1,58 @@
+# How every target of the project is built, and the one way to declare a room.
+
+set(CMAKE_CXX_STANDARD 20)
+set(CMAKE_CXX_STANDARD_REQUIRED ON)
+set(CMAKE_CXX_EXTENSIONS OFF)
+set(CMAKE_EXPORT_COMPILE_COMMANDS ON)
+set(CMAKE_RUNTIME_OUTPUT_DIRECTORY ${CMAKE_BINARY_DIR}/bin)
+
+find_program(QUORVEL_CCACHE ccache)
+if(QUORVEL_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${QUORVEL_CCACHE})
+endif()
+
+add_library(quorvel_options INTERFACE)
+target_include_directories(quorvel_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
+target_compile_options(quorvel_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Werror)
+if(QUORVEL_SANITIZERS)
+  target_compile_options(quorvel_options INTERFACE
+    -fsanitize=${QUORVEL_SANITIZERS} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(quorvel_options INTERFACE -fsanitize=${QUORVEL_SANITIZERS})
+endif()
+
+# quorvel_room(NAME ROOMS... [LINKS LIBRARY...])
+# The library quorvel_NAME of all sources in this folder; it may include the named rooms and libraries only.
+function(quorvel_room name)
+  cmake_parse_arguments(ROOM "" "" "ROOMS;LINKS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.h *.cpp)
+  list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
+  list(TRANSFORM ROOM_ROOMS PREPEND quorvel_)
+  if(NOT sources)
+    add_library(quorvel_${name} INTERFACE)
+    target_link_libraries(quorvel_${name} INTERFACE ${ROOM_ROOMS} ${ROOM_LINKS})
+    return()
+  endif()
+  add_library(quorvel_${name} STATIC ${sources})
+  target_link_libraries(quorvel_${name} PUBLIC ${ROOM_ROOMS} ${ROOM_LINKS} PRIVATE quorvel_options)
+  target_include_directories(quorvel_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
+endfunction()
+
+# quorvel_tests(NAME ROOMS... [LINKS LIBRARY...])
+# The program NAME_tests of all sources in this folder; every test is a row of ctest.
+function(quorvel_tests name)
+  cmake_parse_arguments(TESTS "" "" "ROOMS;LINKS" ${ARGN})
+  file(GLOB sources CONFIGURE_DEPENDS *.h *.cpp)
+  list(TRANSFORM TESTS_ROOMS PREPEND quorvel_)
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name}_tests ${sources})
+  target_link_libraries(${name}_tests PRIVATE
+    quorvel_options ${TESTS_ROOMS} ${TESTS_LINKS} GTest::gtest GTest::gmock GTest::gtest_main)
+  target_include_directories(${name}_tests PRIVATE ${CMAKE_SOURCE_DIR})
+  target_compile_definitions(${name}_tests PRIVATE
+    QUORVEL_SOURCE_DIR="${CMAKE_SOURCE_DIR}" QUORVEL_BIN_DIR="${CMAKE_BINARY_DIR}/bin")
+  gtest_discover_tests(${name}_tests DISCOVERY_MODE PRE_TEST
+    TEST_PREFIX "${name}." PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
+endfunction()
