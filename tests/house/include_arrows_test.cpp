@@ -1,0 +1,85 @@
+// The rooms' arrows run one way. Linking alone proves nothing, since a header can come along through a third
+// library, so this reads the include lines themselves.
+
+#include <filesystem>
+#include <fstream>
+#include <map>
+#include <regex>
+#include <set>
+#include <string>
+#include <vector>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::map<std::string, std::set<std::string>> kMayInclude = {
+    {"data", {"data"}},
+    {"platform", {"data", "platform"}},
+    {"map", {"data", "platform", "map"}},
+    {"render", {"data", "platform", "map", "render"}},
+    {"ui", {"data", "platform", "map", "render", "ui"}},
+    {"cli", {"data", "platform", "map", "render", "cli"}},
+};
+const std::set<std::string> kRoomsWithoutQt = {"data", "platform", "map"};
+
+struct Include {
+  std::string file, header;
+  bool own;  // "header" rather than <header>
+};
+
+std::vector<Include> IncludesBelow(const fs::path& folder) {
+  static const std::regex kLine(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
+  std::vector<Include> includes;
+  for (const auto& entry : fs::recursive_directory_iterator(folder)) {
+    if (entry.path().extension() != ".h" && entry.path().extension() != ".cpp") continue;
+    std::ifstream source(entry.path());
+    std::smatch match;
+    for (std::string line; std::getline(source, line);) {
+      if (std::regex_search(line, match, kLine)) {
+        includes.push_back({entry.path().string(), match[2].str(), match[1].str() == "\""});
+      }
+    }
+  }
+  return includes;
+}
+
+class IncludeArrows : public testing::TestWithParam<std::string> {};
+
+TEST_P(IncludeArrows, NameOnlyRoomsToTheLeft) {
+  const std::set<std::string>& allowed = kMayInclude.at(GetParam());
+  const std::vector<Include> includes = IncludesBelow(fs::path(QUORVEL_SOURCE_DIR) / "src" / GetParam());
+  ASSERT_FALSE(includes.empty());
+  for (const Include& include : includes) {
+    if (!include.own) continue;
+    const std::string room = include.header.substr(0, include.header.find('/'));
+    EXPECT_TRUE(allowed.contains(room)) << include.file << " includes \"" << include.header << '"';
+  }
+}
+
+TEST_P(IncludeArrows, KeepQtOutOfTheRoomsThatKnowNoScreen) {
+  if (!kRoomsWithoutQt.contains(GetParam())) return;
+  for (const Include& include : IncludesBelow(fs::path(QUORVEL_SOURCE_DIR) / "src" / GetParam())) {
+    EXPECT_FALSE(!include.own && include.header.starts_with("Q"))
+        << include.file << " includes <" << include.header << '>';
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Rooms, IncludeArrows,
+                         testing::Values("data", "platform", "map", "render", "ui", "cli"),
+                         [](const auto& room) { return room.param; });
+
+TEST(Rooms, AreAllKnownAndEachHasAReadme) {
+  std::set<std::string> rooms;
+  for (const auto& entry : fs::directory_iterator(fs::path(QUORVEL_SOURCE_DIR) / "src")) {
+    if (!entry.is_directory()) continue;
+    rooms.insert(entry.path().filename());
+    EXPECT_TRUE(fs::exists(entry.path() / "README.md")) << entry.path();
+  }
+  for (const auto& [room, allowed] : kMayInclude) EXPECT_EQ(rooms.count(room), 1U) << room;
+  EXPECT_EQ(rooms.size(), kMayInclude.size());
+}
+
+}  // namespace
