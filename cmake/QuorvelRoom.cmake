@@ -34,6 +34,7 @@ function(quorvel_room name)
     return()
   endif()
   add_library(quorvel_${name} STATIC ${sources})
+  set_target_properties(quorvel_${name} PROPERTIES LINKER_LANGUAGE CXX)  # a room may be headers only
   target_link_libraries(quorvel_${name} PUBLIC ${ROOM_ROOMS} ${ROOM_LINKS} PRIVATE quorvel_options)
   target_include_directories(quorvel_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
 endfunction()
