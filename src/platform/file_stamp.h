@@ -1,0 +1,32 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+namespace quorvel {
+
+/// What a file looked like at one moment, to notice that another program changed it since.
+class FileStamp {
+ public:
+  /// Of no file.
+  FileStamp() = default;
+  /// Of the file at `path` as it is now; of no file when it cannot be read.
+  static FileStamp Of(const std::string& path);
+
+  /// True when the file at `path` is there with other content than at the time of this stamp. Contents of up
+  /// to 64 MB are compared by a checksum, so that a mere touch or a restored copy does not count; of larger
+  /// files the identity, size and time decide alone.
+  bool IsChanged(const std::string& path) const;
+
+ private:
+  static constexpr std::uint64_t kMaxChecksumBytes = std::uint64_t{64} << 20;
+
+  bool known_ = false;
+  std::uint64_t device_ = 0;
+  std::uint64_t inode_ = 0;
+  std::uint64_t size_ = 0;
+  std::int64_t timeNs_ = 0;
+  std::uint64_t checksum_ = 0;  // CRC-64; 0 above kMaxChecksumBytes
+};
+
+}  // namespace quorvel
