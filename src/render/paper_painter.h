@@ -1,0 +1,18 @@
+#pragma once
+
+#include "render/map_look.h"
+
+class QPainter;
+
+namespace quorvel {
+
+struct MapContents;
+struct MapRect;
+
+/// Draws a part of the map (map pixels) on a printer, a PDF or another device that draws lines and texts but
+/// cannot invert pixels: the part's top left corner comes to the painter's origin, a map pixel is a unit of
+/// the painter's coordinates. Marked cells and the current cell go as images of what a window shows, one
+/// image pixel a map pixel. The look's pixel ratio counts as 1.
+void PaintOnPaper(QPainter& painter, const MapContents& map, const MapLook& look, const MapRect& part);
+
+}  // namespace quorvel

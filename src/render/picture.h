@@ -1,0 +1,41 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <streambuf>
+#include <string>
+
+#include "render/map_extent.h"
+#include "render/map_look.h"
+
+namespace quorvel {
+
+class Feedback;
+struct MapContents;
+
+/// What a picture file is to show. One picture pixel a map pixel; marks and margins as in a window.
+struct PictureRequest {
+  float cellSizePx = 100;     ///< 10 to 100
+  std::string outlineMember;  ///< names of index members of the cell class; any other name, such as none,
+  std::string fillMember;     ///< stands for the first index member
+  Labels labels = Labels::Shown;
+  std::optional<CellRange> cells;  ///< none: the whole map
+  CellFilter filter;               ///< empty: every cell is shown as usual
+};
+
+/// Sides of a picture in pixels, so that a row of it and the rows that wait for compression stay below 300
+/// MB.
+constexpr std::int64_t kMaxPictureSidePx = 10'000'000;
+
+/// Writes the picture as a PNG (8 bits a channel, RGB), in bands, with progress. Needs a QGuiApplication (the
+/// platform "offscreen" will do), since labels need fonts. False: the request cannot be met, and a line of
+/// the error text says why, or `out` took no more bytes, and keeps the reason.
+bool RenderPng(const MapContents& map, const PictureRequest& request, std::streambuf& out, Feedback& feedback,
+               std::string& errorText);
+
+/// The same as a PDF of one page: lines, areas and texts, so it stays sharp; only marked cells are pixels. A
+/// picture pixel is 1/1200 inch.
+bool RenderPdf(const MapContents& map, const PictureRequest& request, std::streambuf& out, Feedback& feedback,
+               std::string& errorText);
+
+}  // namespace quorvel
