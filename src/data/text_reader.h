@@ -1,0 +1,73 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <streambuf>
+#include <string_view>
+
+#include "data/data_tree.h"
+
+namespace quorvel {
+
+/// Longest piece of a line that is read at once; a longer line counts as several.
+inline constexpr std::size_t kMaxLineBytes = 8191;
+
+/// A key line taken apart: views into the line.
+struct KeyLine {
+  std::string_view key;  ///< a path below the current section; leading white space belongs to it
+  std::string_view value;
+  ValueType type = ValueType::Int;
+};
+
+/// None for a line without a key: a blank, a comment, no "=", or nothing before it.
+std::optional<KeyLine> SplitKeyLine(std::string_view line);
+
+/// Pulls a data tree's text form out of a stream line by line, without a tree. Takes the input in large
+/// pieces, so it reads past what it has answered. The text ends with the input or at a NUL byte where a line
+/// would begin.
+class TextReader {
+ public:
+  enum class Item {
+    Section,  ///< `Section()` is the current section from here on
+    Value,    ///< `Key()`, `Value()` and `Type()` belong to the current section
+    Ignored,  ///< a line that is no blank, no comment, no section and no key line
+    End
+  };
+
+  explicit TextReader(std::streambuf& input);
+
+  /// The next line that says something. What the accessors answer is good until the next call.
+  Item Next();
+
+  /// The path between the brackets of the latest section line, as it stands there.
+  std::string_view Section() const { return text_; }
+  std::string_view Key() const { return keyLine_.key; }
+  std::string_view Value() const { return keyLine_.value; }
+  ValueType Type() const { return keyLine_.type; }
+
+  /// Number of the current line, from 1, counted by the carriage returns that end lines. At the end: of the
+  /// last line.
+  std::uint64_t LineNumber() const { return lineNumber_; }
+
+  /// Bytes of the input taken so far; after a line, the place of its end.
+  std::uint64_t Position() const { return refillPosition_ + (next_ - buffer_.get()); }
+
+ private:
+  bool SkipLineEnds();
+  std::string_view TakeLine();
+  void Refill();
+
+  std::streambuf& input_;
+  std::unique_ptr<char[]> buffer_;
+  const char* next_;
+  const char* end_;
+  bool inputEnded_ = false;
+  std::uint64_t refillPosition_ = 0;  ///< of the buffer's first byte in the input
+  std::uint64_t lineNumber_ = 1;
+  std::string_view text_;
+  KeyLine keyLine_;
+};
+
+}  // namespace quorvel
