@@ -1,0 +1,27 @@
+#pragma once
+
+#include <QDialog>
+#include <QRect>
+#include <QWidget>
+
+#include "ui/resources/dialog_templates.h"
+
+namespace quorvel {
+
+/// Pixels of a rectangle in dialog units, for the font of `widget`.
+QRect PixelsOf(const DialogRect& rect, const QWidget& widget);
+
+/// Makes the template's controls as children of `parent`, which gets the template's size. A control's object
+/// name is its number; a label is the buddy of the control after it. IDOK and IDCANCEL end a dialog.
+void BuildControls(const DialogTemplate& source, QWidget& parent);
+
+/// The same for a dialog of fixed size with the template's caption.
+void BuildDialog(const DialogTemplate& source, QDialog& dialog);
+
+/// The control with this number, null when there is none of that class.
+template <class Control>
+Control* FindControl(const QWidget& parent, int id) {
+  return parent.findChild<Control*>(QString::number(id));
+}
+
+}  // namespace quorvel
