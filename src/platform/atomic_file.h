@@ -9,6 +9,7 @@
 
 #include "platform/file_calls.h"
 #include "platform/live_temp_files.h"
+#include "platform/write_target.h"
 
 namespace quorvel {
 
@@ -24,7 +25,7 @@ namespace quorvel {
 /// - Nothing is made before the first `Reserve`, full buffer (256 KB), or `Commit`.
 class AtomicFile : public std::streambuf {
  public:
-  explicit AtomicFile(std::string path, FileCalls& calls = FileCalls::Real());
+  explicit AtomicFile(const std::string& path, FileCalls& calls = FileCalls::Real());
   ~AtomicFile() override;
   AtomicFile(const AtomicFile&) = delete;
   AtomicFile& operator=(const AtomicFile&) = delete;
@@ -51,11 +52,13 @@ class AtomicFile : public std::streambuf {
 
  private:
   bool Begin();
+  bool MakeTempFile();
   bool WriteOut(const char* from, std::size_t count);
   bool Flush();
-  void MakeTempFile();
-  void KeepAttributes();
-  bool Finish();
+  bool EndThrough();
+  bool Replace();
+  bool KeepAttributes();
+  bool Close();
   bool Rename();
   bool SyncFolder();
   bool Fail(int error);
@@ -63,14 +66,14 @@ class AtomicFile : public std::streambuf {
   void Discard();
 
   FileCalls& calls_;
-  std::string target_;    // links resolved
-  bool through_ = false;  // written in place: FIFO, device, standard output
-  bool existed_ = false;
-  struct stat old_ {};  // of the target, when it existed
-  int fd_ = -1;
-  std::string temp_;  // empty: none
+  WriteTarget target_;
+  int fd_ = -1;  // of the temporary file, or of the target when it is written through
+  bool isStandardOutput_ = false;
+  bool ended_ = false;  // by Commit
+  std::string temp_;    // empty: none
+  struct stat tempState_ {};
   LiveTempFile live_;
-  std::uint64_t written_ = 0;
+  std::uint64_t written_ = 0;  // without what is still buffered
   std::string error_;
   std::unique_ptr<char[]> buffer_;
 };

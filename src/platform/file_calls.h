@@ -18,6 +18,7 @@ class FileCalls {
 
   virtual int Open(const std::string& path, int flags, mode_t mode);
   virtual ssize_t Write(int fd, const char* from, std::size_t count);
+  /// Takes the room for `bytes` bytes; the file's size stays.
   virtual int Allocate(int fd, std::uint64_t bytes);
   virtual int ChangeOwner(int fd, uid_t owner, gid_t group);
   virtual int ChangeMode(int fd, mode_t mode);

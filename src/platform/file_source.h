@@ -30,7 +30,7 @@ class FileSource : public std::streambuf {
   bool IsOpen() const { return fd_ >= 0; }
   /// What went wrong first, without the file's name ("No such file or directory"); empty: nothing.
   const std::string& Error() const { return error_; }
-  /// True for plain files; others refuse every seek but that to the present position.
+  /// True for plain files; others refuse seeks that leave the piece read last.
   bool CanSeek() const { return seekable_; }
   /// Bytes of a plain file when it was opened; none where the size cannot be known.
   std::optional<std::uint64_t> SizeBytes() const { return size_; }
@@ -44,9 +44,12 @@ class FileSource : public std::streambuf {
  private:
   void Open(const std::string& path, Accept accept);
   void Inspect(Accept accept);
+  void Close();
   std::size_t ReadSome(char* to, std::size_t count);
   std::uint64_t Position() const { return readEnd_ - static_cast<std::uint64_t>(egptr() - gptr()); }
   void Fail(std::string reason);
+  void Refuse(std::string reason);
+  std::string LimitText() const;
 
   int fd_ = -1;
   bool ownsFd_ = false;

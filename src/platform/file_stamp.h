@@ -13,12 +13,15 @@ class FileStamp {
   /// Of the file at `path` as it is now; of no file when it cannot be read.
   static FileStamp Of(const std::string& path);
 
-  /// True when the file at `path` is there with other content than at the time of this stamp. Contents of up
-  /// to 64 MB are compared by a checksum, so that a mere touch or a restored copy does not count; of larger
-  /// files the identity, size and time decide alone.
+  /// True when the file was there at the time of this stamp and is there now with other content. Contents of
+  /// up to 64 MB are compared by a checksum, so that a mere touch or a restored copy does not count; of
+  /// larger files identity, size and time decide alone.
   bool IsChanged(const std::string& path) const;
 
  private:
+  static FileStamp WithoutChecksum(const std::string& path);
+  bool HasChecksum() const { return known_ && size_ <= kMaxChecksumBytes; }
+
   static constexpr std::uint64_t kMaxChecksumBytes = std::uint64_t{64} << 20;
 
   bool known_ = false;
