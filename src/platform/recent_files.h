@@ -1,6 +1,5 @@
 #pragma once
 
-#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -27,7 +26,8 @@ class RecentFiles {
   void Write();
 
   SettingsStore& settings_;
-  std::size_t size_ = 0;
+  int size_ = 0;
+  bool stored_ = true;  // else the settings cannot be written, and the list here is the newer one
   std::vector<std::string> paths_;
 };
 

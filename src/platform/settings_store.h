@@ -1,24 +1,16 @@
 #pragma once
 
-#include <map>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "platform/settings_file.h"
+
 namespace quorvel {
 
 /// The application's own key, which always exists.
 inline constexpr std::string_view kApplicationKey = "Software\\Kelmsor\\Quorvel";
-
-/// Names compare without regard to ASCII case.
-struct SettingNameLess {
-  bool operator()(std::string_view a, std::string_view b) const;
-};
-
-/// The values of one file: key path -> value name -> text.
-using SettingValues = std::map<std::string, std::string, SettingNameLess>;
-using SettingKeys = std::map<std::string, SettingValues, SettingNameLess>;
 
 /// Where settings lie.
 struct SettingsPlaces {
@@ -44,15 +36,15 @@ class SettingsStore {
   /// Trailing backslashes of a key path do not count.
   bool HasKey(std::string_view key) const;
   std::optional<std::string> Get(std::string_view key, std::string_view name) const;
-  /// Makes the key and those above it. False: not stored.
+  /// Makes the key. False: not stored.
   bool CreateKey(std::string_view key);
   /// Sets the value, making its key. False: not stored.
   bool Set(std::string_view key, std::string_view name, std::string_view value);
-  /// False: not stored; a value that is not there is removed already.
-  bool Remove(std::string_view key, std::string_view name);
+  /// Gives the key these values and no other. False: not stored.
+  bool SetAll(std::string_view key, const SettingValues& values);
 
  private:
-  SettingKeys UserKeys() const;
+  std::vector<SettingKeys> Layers() const;
   template <class Change>
   bool Update(Change change);
 
