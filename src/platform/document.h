@@ -94,9 +94,10 @@ class CDocument {
   virtual bool Serialize(CArchive& archive) = 0;
 
  private:
-  std::optional<std::string> AskForFileName();
-  bool ConfirmOverwrite(const std::string& path);
+  bool Load(const std::string& path, std::string& reason);
   bool Store(const std::string& path, std::string& reason);
+  std::optional<std::string> AskForFileName();
+  bool Confirm(const std::string& question);
   void TellViewsOfTitle();
   void Report(const char* verb, const std::string& path, const std::string& reason);
 

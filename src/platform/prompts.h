@@ -17,6 +17,8 @@ struct FileFilter {
   std::string extension;  ///< with its dot: ".gdf"; empty: all files
 };
 
+inline const FileFilter kAllFiles{"All Files (*.*)", ""};
+
 /// What a file dialog starts with. Empty fields: the system's own choice.
 struct FilePrompt {
   std::string title;

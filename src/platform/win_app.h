@@ -15,11 +15,11 @@ namespace quorvel {
 /// files. Everything referred to outlives it.
 class CWinApp : public DocumentOwner {
  public:
-  CWinApp(Prompts& prompts, FrameHost& frames, SettingsStore& settings);
-  ~CWinApp() override;
+  CWinApp(Prompts& prompts, FrameHost& frames, SettingsStore& settings)
+      : prompts_(prompts), frames_(frames), recentFiles_(settings) {}
 
   /// Reads the recent-file list of at most `recentFiles` entries.
-  void LoadStdProfileSettings(int recentFiles);
+  void LoadStdProfileSettings(int recentFiles) { recentFiles_.Load(recentFiles); }
   /// The order is that of the list of types and of the file dialogs' filters.
   CMultiDocTemplateWithID& AddDocTemplate(std::unique_ptr<CMultiDocTemplateWithID> docTemplate);
   const std::vector<std::unique_ptr<CMultiDocTemplateWithID>>& Templates() const { return templates_; }
@@ -64,7 +64,6 @@ class CWinApp : public DocumentOwner {
   const CMultiDocTemplateWithID& TemplateFor(const std::string& path) const;
   CDocument* Adopt(std::unique_ptr<CDocument> document);
   std::string NextUntitledTitle(const std::string& docName);
-  void EndReleasedDocuments();
 
   Prompts& prompts_;
   FrameHost& frames_;
@@ -74,6 +73,7 @@ class CWinApp : public DocumentOwner {
   std::vector<std::unique_ptr<CDocument>> released_;
   std::map<std::string, int> untitledCounts_;
   int busy_ = 0;
+  bool idleMissed_ = false;  // a pass was asked for while busy
 };
 
 }  // namespace quorvel
