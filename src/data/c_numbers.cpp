@@ -1,0 +1,111 @@
+#include "data/c_numbers.h"
+
+#include <algorithm>
+#include <charconv>
+#include <limits>
+#include <system_error>
+
+#include <locale.h>
+#include <stdlib.h>
+
+namespace quorvel {
+namespace {
+
+constexpr std::string_view kWhiteSpace = " \t\n\f\r\v";
+
+/// Longest "%f" of a float: a sign, 39 digits, the point and six decimals; in full, with room to spare.
+constexpr std::size_t kFloatTextBytes = 64;
+
+std::string_view SkipWhiteSpace(std::string_view text) {
+  return text.substr(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
+}
+
+/// Cuts an optional sign off; true for a minus.
+bool TakeMinus(std::string_view& text) {
+  if (text.empty() || (text.front() != '-' && text.front() != '+')) return false;
+  const bool minus = text.front() == '-';
+  text.remove_prefix(1);
+  return minus;
+}
+
+bool IsHexPrefix(std::string_view text) {
+  return text.size() >= 2 && text[0] == '0' && (text[1] == 'x' || text[1] == 'X');
+}
+
+/// The value of leading digits, at most `limit`.
+std::uint64_t TakeDigits(std::string_view text, int base, std::uint64_t limit) {
+  std::uint64_t number = 0;
+  const auto result = std::from_chars(text.data(), text.data() + text.size(), number, base);
+  return result.ec == std::errc::result_out_of_range || number > limit ? limit : number;
+}
+
+/// What the C library makes of the text: the judge of the rare forms (hexadecimal, nan, out of range).
+double SlowToDouble(std::string_view text) {
+  static const locale_t cLocale = newlocale(LC_ALL_MASK, "C", nullptr);
+  return strtod_l(std::string(text).c_str(), nullptr, cLocale);
+}
+
+}  // namespace
+
+std::int32_t ToInt(std::string_view text) {
+  text = SkipWhiteSpace(text);
+  const bool minus = TakeMinus(text);
+  const std::int64_t largest = std::numeric_limits<std::int32_t>::max();
+  const auto magnitude = static_cast<std::int64_t>(TakeDigits(text, 10, minus ? largest + 1 : largest));
+  return static_cast<std::int32_t>(minus ? -magnitude : magnitude);
+}
+
+double ToDouble(std::string_view text) {
+  const std::string_view number = SkipWhiteSpace(text);
+  std::string_view digits = number;
+  const bool minus = TakeMinus(digits);
+  const bool plain = !digits.empty() && (digits[0] == '.' || (digits[0] >= '0' && digits[0] <= '9'));
+  if (!plain || IsHexPrefix(digits)) return SlowToDouble(number);
+
+  double value = 0;
+  const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  if (result.ec == std::errc::result_out_of_range) return SlowToDouble(number);
+  return minus ? -value : value;
+}
+
+float ToFloat(std::string_view text) {
+  return static_cast<float>(ToDouble(text));
+}
+
+std::uint32_t ToUnsigned(std::string_view text) {
+  text = SkipWhiteSpace(text);
+  const bool minus = TakeMinus(text);
+  const bool hex = IsHexPrefix(text);
+  const int base = hex ? 16 : !text.empty() && text[0] == '0' ? 8 : 10;
+  if (hex) text.remove_prefix(2);
+
+  constexpr std::uint64_t kTooLarge = std::uint64_t{1} << 32;
+  const std::uint64_t magnitude = TakeDigits(text, base, kTooLarge);
+  if (magnitude == kTooLarge) return std::numeric_limits<std::uint32_t>::max();
+  return static_cast<std::uint32_t>(minus ? std::uint64_t{0} - magnitude : magnitude);
+}
+
+void AppendInt(std::string& out, std::int32_t number) {
+  char text[std::numeric_limits<std::int32_t>::digits10 + 3];
+  out.append(text, std::to_chars(text, text + sizeof text, number).ptr);
+}
+
+std::string FormatInt(std::int32_t number) {
+  std::string text;
+  AppendInt(text, number);
+  return text;
+}
+
+void AppendFloat(std::string& out, float number) {
+  char text[kFloatTextBytes];
+  const double exact = number;  // printf is given a double
+  out.append(text, std::to_chars(text, text + sizeof text, exact, std::chars_format::fixed, 6).ptr);
+}
+
+std::string FormatFloat(float number) {
+  std::string text;
+  AppendFloat(text, number);
+  return text;
+}
+
+}  // namespace quorvel
