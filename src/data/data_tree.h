@@ -66,8 +66,8 @@ class DataNode {
   TreePool* Pool() const;
 
  private:
+  friend class DataLeaf;
   friend class DataBranch;
-  friend class ChildIndex;
 
   DataBranch* parent_;
   DataNode* next_ = nullptr;
@@ -165,12 +165,13 @@ class DataBranch : public DataNode {
   friend class DataNode;
   friend class TreePool;
 
-  explicit DataBranch(DataBranch& parent) : DataNode(NodeKind::Branch, &parent), pool_(parent.pool_) {}
+  DataBranch(DataBranch* parent, TreePool* pool) : DataNode(NodeKind::Branch, parent), pool_(pool) {}
 
   DataNode* FindChild(NodeKind kind, std::string_view name) const;
-  void LinkAfter(DataNode* previous, DataNode* child);
+  void Link(DataNode* child);
   void Unlink(DataNode* child);
-  void Reindex();
+  void EnterIndex(DataNode* child);
+  void LeaveIndex(DataNode* child);
   void ForgetChildren();
   void MergeChildren(const DataBranch& source);
 
@@ -187,7 +188,7 @@ class DataBranch : public DataNode {
 /// `for (DataWalk walk(top); walk.Node(); walk.Next()) ...`
 class DataWalk {
  public:
-  explicit DataWalk(const DataNode& top) : top_(&top), node_(&top) {}
+  explicit DataWalk(const DataNode& top) : node_(&top) {}
 
   /// The node visited now; null after the last one.
   const DataNode* Node() const { return node_; }
@@ -196,7 +197,6 @@ class DataWalk {
   void Next();
 
  private:
-  const DataNode* top_;
   const DataNode* node_;
   std::size_t depth_ = 0;
 };

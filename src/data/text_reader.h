@@ -30,7 +30,7 @@ std::optional<KeyLine> SplitKeyLine(std::string_view line);
 class TextReader {
  public:
   enum class Item {
-    Section,  ///< `Section()` is the current section from here on
+    Section,  ///< `Section()` is the path of the current section from here on
     Value,    ///< `Key()`, `Value()` and `Type()` belong to the current section
     Ignored,  ///< a line that is no blank, no comment, no section and no key line
     End
@@ -38,11 +38,12 @@ class TextReader {
 
   explicit TextReader(std::streambuf& input);
 
-  /// The next line that says something. What the accessors answer is good until the next call.
+  /// The next line that says something. What the accessors answer is good until the next call, and of this
+  /// item only.
   Item Next();
 
-  /// The path between the brackets of the latest section line, as it stands there.
-  std::string_view Section() const { return text_; }
+  /// The path between the brackets of the section line, as it stands there.
+  std::string_view Section() const { return section_; }
   std::string_view Key() const { return keyLine_.key; }
   std::string_view Value() const { return keyLine_.value; }
   ValueType Type() const { return keyLine_.type; }
@@ -51,8 +52,10 @@ class TextReader {
   /// last line.
   std::uint64_t LineNumber() const { return lineNumber_; }
 
-  /// Bytes of the input taken so far; after a line, the place of its end.
-  std::uint64_t Position() const { return refillPosition_ + (next_ - buffer_.get()); }
+  /// Bytes of the input taken so far: the place where the current line ends.
+  std::uint64_t Position() const {
+    return refillPosition_ + static_cast<std::uint64_t>(next_ - buffer_.get());
+  }
 
  private:
   bool SkipLineEnds();
@@ -66,7 +69,7 @@ class TextReader {
   bool inputEnded_ = false;
   std::uint64_t refillPosition_ = 0;  ///< of the buffer's first byte in the input
   std::uint64_t lineNumber_ = 1;
-  std::string_view text_;
+  std::string_view section_;
   KeyLine keyLine_;
 };
 
