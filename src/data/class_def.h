@@ -1,8 +1,10 @@
 #pragma once
 
+#include <atomic>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -67,18 +69,25 @@ class ClassDef : public TypeDef {
   TextArena& Texts() { return texts_; }
   const TextArena& Texts() const { return texts_; }
 
- private:
-  friend class MemberDef;
-  friend class ObjectMember;
+  /// To be called when something changed that blocks are laid out or filled by.
+  static void SchemaChanged() { schemaRevision_.fetch_add(1, std::memory_order_relaxed); }
 
+ private:
   bool PrepareBlocks();
-  void BuildPrototype();
-  void MoveLiveBlocks();
+  void AssignOffsets();
+  std::vector<std::byte> MakePrototype() const;
+  void MoveBlocks(std::span<const std::byte> prototype);
+  bool IsMeasured() const { return sizeRevision_ == schemaRevision_.load(std::memory_order_relaxed); }
+
+  /// Counts the changes of all schemas, so that a class knows with one look whether it, or one that it
+  /// embeds, changed.
+  static inline std::atomic<std::uint64_t> schemaRevision_{1};
 
   std::vector<std::unique_ptr<MemberDef>> members_;
   TextArena texts_;
   InstanceStore blocks_;
-  std::vector<std::byte> prototype_;
+  std::vector<std::byte> prototype_;  ///< what new blocks hold; empty when none can be made
+  std::size_t laidOutMembers_ = 0;    ///< members that the live blocks hold
   std::uint64_t prototypeRevision_ = 0;
   mutable std::int32_t size_ = 0;
   mutable std::uint64_t sizeRevision_ = 0;

@@ -31,7 +31,8 @@ class InstanceStore {
 
   bool IsLive(ClassInstance instance) const {
     const auto number = static_cast<std::uint32_t>(instance);
-    return number != 0 && number <= lastNumber_ && (live_[number / 64] >> (number % 64) & 1) != 0;
+    return number != 0 && number <= lastNumber_ &&
+           (live_[number / kBitsPerWord] >> (number % kBitsPerWord) & 1) != 0;
   }
 
   std::byte* Block(ClassInstance instance) const {
@@ -45,6 +46,8 @@ class InstanceStore {
  private:
   bool GrowTo(std::uint64_t lastNumber);
   void MarkLive(std::uint32_t number);
+
+  static constexpr std::uint32_t kBitsPerWord = 64;
 
   std::int32_t blockBytes_ = 0;
   std::uint32_t chunkShift_ = 0;  ///< a chunk holds 2^chunkShift_ blocks

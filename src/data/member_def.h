@@ -203,7 +203,7 @@ class ObjectMember : public MemberDef {
 
   ClassDef* embedded_;
   std::int32_t tag_ = 0;
-  mutable bool cut_ = false;  ///< embeds a class that it is part of, and so holds nothing
+  mutable bool holdsNothing_ = false;  ///< embeds a class that it is part of, and so holds nothing
 };
 
 }  // namespace quorvel

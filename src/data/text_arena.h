@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
 #include <streambuf>
@@ -39,8 +40,9 @@ class TextArena {
   std::uint64_t Size() const { return bytes_.size(); }
 
  private:
-  void Reserve(std::uint64_t more);
-  void IndexEnds(std::uint64_t from);
+  void ReadBlock(std::streambuf& input, std::size_t bytes);
+  void Grow(std::size_t more);
+  void IndexEnds(std::size_t from);
 
   std::vector<char> bytes_;
   std::vector<std::uint32_t>

@@ -13,6 +13,10 @@ namespace quorvel {
 /// Owns types in the order in which they were added. A class and a list may share a name.
 class TypeList {
  public:
+  TypeList() = default;
+  TypeList(const TypeList&) = delete;
+  TypeList& operator=(const TypeList&) = delete;
+
   /// The type added, for chaining.
   ClassDef* Add(std::unique_ptr<ClassDef> type);
   ListDef* Add(std::unique_ptr<ListDef> type);
@@ -28,6 +32,7 @@ class TypeList {
 
   void Own(std::unique_ptr<TypeDef> type);
   TypeDef* Find(TypeKind kind, std::string_view name) const;
+  void Index(TypeDef& type);
   void Reindex();
 
   std::vector<std::unique_ptr<TypeDef>> types_;
