@@ -57,7 +57,7 @@ void FileSource::Inspect(Accept accept) {
   if (!seekable_) return;
   start_ = static_cast<std::uint64_t>(start);
   size_ = static_cast<std::uint64_t>(std::max<off_t>(about.st_size - start, 0));
-  if (*size_ > limit_) Refuse(LimitText());
+  if (*size_ > limit_) Refuse(PassLimit());
 }
 
 void FileSource::Close() {
@@ -75,7 +75,8 @@ void FileSource::Refuse(std::string reason) {
   Close();
 }
 
-std::string FileSource::LimitText() const {
+std::string FileSource::PassLimit() {
+  passedLimit_ = true;
   return fmt::format("Larger than the limit of {} bytes", limit_);
 }
 
@@ -89,7 +90,7 @@ std::size_t FileSource::ReadSome(char* to, std::size_t count) {
     return 0;
   }
   if (static_cast<std::uint64_t>(got) > limit_ - std::min(readEnd_, limit_)) {
-    Fail(LimitText());
+    Fail(PassLimit());
     return 0;
   }
   readEnd_ += static_cast<std::uint64_t>(got);

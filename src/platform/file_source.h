@@ -30,6 +30,8 @@ class FileSource : public std::streambuf {
   bool IsOpen() const { return fd_ >= 0; }
   /// What went wrong first, without the file's name ("No such file or directory"); empty: nothing.
   const std::string& Error() const { return error_; }
+  /// True when the error is that the input is larger than the limit.
+  bool PassedLimit() const { return passedLimit_; }
   /// True for plain files; others refuse seeks that leave the piece read last.
   bool CanSeek() const { return seekable_; }
   /// Bytes of a plain file when it was opened; none where the size cannot be known.
@@ -49,7 +51,7 @@ class FileSource : public std::streambuf {
   std::uint64_t Position() const { return readEnd_ - static_cast<std::uint64_t>(egptr() - gptr()); }
   void Fail(std::string reason);
   void Refuse(std::string reason);
-  std::string LimitText() const;
+  std::string PassLimit();
 
   int fd_ = -1;
   bool ownsFd_ = false;
@@ -58,6 +60,7 @@ class FileSource : public std::streambuf {
   std::uint64_t limit_;
   std::uint64_t start_ = 0;    // where the descriptor stood at first; positions count from here
   std::uint64_t readEnd_ = 0;  // position behind the buffered bytes
+  bool passedLimit_ = false;
   std::string error_;
   std::unique_ptr<char[]> buffer_;
 };
