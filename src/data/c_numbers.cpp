@@ -65,6 +65,7 @@ double ToDouble(std::string_view text) {
   double value = 0;
   const auto result = std::from_chars(digits.data(), digits.data() + digits.size(), value);
   if (result.ec == std::errc::result_out_of_range) return SlowToDouble(number);
+  if (result.ec != std::errc()) return 0;
   return minus ? -value : value;
 }
 

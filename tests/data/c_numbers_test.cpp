@@ -1,0 +1,192 @@
+#include "data/c_numbers.h"
+
+#include <clocale>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <limits>
+#include <locale>
+#include <random>
+
+#include <gtest/gtest.h>
+
+namespace quorvel {
+namespace {
+
+constexpr float kInfinity = std::numeric_limits<float>::infinity();
+
+std::string Printed(double number) {
+  char text[512];
+  std::snprintf(text, sizeof text, "%f", number);
+  return text;
+}
+
+/// Tries to give the process a locale whose decimal point is a comma, as a GUI library may.
+class CommaLocale {
+ public:
+  CommaLocale() {
+    for (const char* name : {"de_DE.UTF-8", "de_DE.utf8", "fr_FR.UTF-8", "cs_CZ.UTF-8"}) {
+      if (std::setlocale(LC_ALL, name)) break;
+    }
+    std::locale::global(std::locale(std::locale(), new CommaPunctuation));
+  }
+  ~CommaLocale() {
+    std::locale::global(std::locale::classic());
+    std::setlocale(LC_ALL, "C");
+  }
+
+ private:
+  struct CommaPunctuation : std::numpunct<char> {
+    char do_decimal_point() const override { return ','; }
+    char do_thousands_sep() const override { return '.'; }
+    std::string do_grouping() const override { return "\3"; }
+  };
+};
+
+TEST(CNumbers, IntsAreClampedToThirtyTwoBits) {
+  struct Row {
+    const char* text;
+    std::int32_t number;
+  };
+  constexpr Row rows[] = {
+      {"", 0},
+      {"42", 42},
+      {" \t\n\f\r\v-7x", -7},
+      {"+5", 5},
+      {"2.9", 2},
+      {"word", 0},
+      {"0x10", 0},
+      {"--1", 0},
+      {"+-1", 0},
+      {"- 1", 0},
+      {"2147483647", 2147483647},
+      {"2147483648", 2147483647},
+      {"007", 7},
+      {"99999999999", 2147483647},
+      {"-2147483648", -2147483647 - 1},
+      {"-2147483649", -2147483647 - 1},
+      {"-99999999999999999999999999", -2147483647 - 1},
+      {"18446744073709551617", 2147483647},  // 2^64 + 1 must not wrap round to 1
+  };
+  for (const Row& row : rows) EXPECT_EQ(ToInt(row.text), row.number) << row.text;
+  EXPECT_EQ(ToInt(std::string_view("1\0002", 3)), 1) << "a NUL ends the text";
+}
+
+TEST(CNumbers, UnsignedsFollowTheirBaseAndSaturate) {
+  struct Row {
+    const char* text;
+    std::uint32_t number;
+  };
+  constexpr Row rows[] = {
+      {"", 0},
+      {"255", 255},
+      {"0xFF00ff", 0xFF00FF},
+      {"0X1g", 1},
+      {"010", 8},
+      {"08", 0},
+      {"0x", 0},
+      {"0xg", 0},
+      {" +7", 7},
+      {"-1", 4294967295U},
+      {"-0x10", 4294967280U},
+      {"4294967295", 4294967295U},
+      {"4294967296", 4294967295U},
+      {"-4294967295", 1},
+      {"-4294967296", 4294967295U},
+      {"99999999999999999999999", 4294967295U},
+      {"0-1", 0},
+      {"0x-1", 0},
+  };
+  for (const Row& row : rows) EXPECT_EQ(ToUnsigned(row.text), row.number) << row.text;
+}
+
+TEST(CNumbers, DoublesAreThoseOfTheCLibrary) {
+  std::vector<std::string> texts = {"",
+                                    "1",
+                                    "-1.5",
+                                    ".5",
+                                    "5.",
+                                    ".",
+                                    "-.e1",
+                                    "1e",
+                                    "1e+",
+                                    "1e3",
+                                    "1E-3x",
+                                    "+2.5",
+                                    "+-2",
+                                    "--2",
+                                    "- 2",
+                                    "inf",
+                                    "-INF",
+                                    "infinityx",
+                                    "nan",
+                                    "-nan",
+                                    "nan(12)",
+                                    "0x1.8p3",
+                                    "-0x.8P-2",
+                                    "0x",
+                                    "0xg",
+                                    "0x1p",
+                                    "1e999",
+                                    "-1e999",
+                                    "1e-999",
+                                    "4e-320",
+                                    "1,5",
+                                    "  7",
+                                    "\v\f\r3",
+                                    "0",
+                                    "-0",
+                                    "1_0",
+                                    "infx",
+                                    "i",
+                                    "n",
+                                    "0.1e1e1",
+                                    std::string(300, '9'),
+                                    std::string(400, '9'),
+                                    "0." + std::string(400, '0') + "1"};
+  std::mt19937 random(7);
+  for (int i = 0; i < 2000; ++i) {
+    std::string text;
+    for (auto length = random() % 12; length > 0; --length)
+      text += "0123456789.eE+-xXpPinfaN "[random() % 25];
+    texts.push_back(text);
+  }
+  for (const std::string& text : texts) {
+    const double expected = std::strtod(text.c_str(), nullptr);
+    const double number = ToDouble(text);
+    EXPECT_TRUE(number == expected || (std::isnan(number) && std::isnan(expected))) << text;
+    EXPECT_EQ(std::signbit(number), std::signbit(expected)) << text;
+  }
+  EXPECT_EQ(ToFloat("1e39"), kInfinity);
+  EXPECT_EQ(ToFloat("16777217"), 16777216.0F);
+}
+
+TEST(CNumbers, FloatsArePrintedWithSixDecimals) {
+  for (const float number :
+       {0.0F, -0.0F, 1.0F, 0.5F, -1.0e-7F, 123456.789F, std::numeric_limits<float>::max(),
+        std::numeric_limits<float>::lowest(), std::numeric_limits<float>::denorm_min(), kInfinity, -kInfinity,
+        std::nanf(""), -std::nanf("")}) {
+    EXPECT_EQ(FormatFloat(number), Printed(number));
+  }
+  std::mt19937 random(11);
+  for (int i = 0; i < 20000; ++i) {
+    const auto bits = static_cast<std::uint32_t>(random());
+    float number;
+    std::memcpy(&number, &bits, sizeof number);
+    ASSERT_EQ(FormatFloat(number), Printed(number)) << bits;
+  }
+  EXPECT_EQ(FormatInt(std::numeric_limits<std::int32_t>::min()), "-2147483648");
+}
+
+TEST(CNumbers, TheUsersLocaleDoesNotMatter) {
+  const CommaLocale comma;
+  EXPECT_EQ(FormatFloat(1234.5F), "1234.500000");
+  EXPECT_EQ(FormatInt(1234567), "1234567");
+  EXPECT_EQ(ToDouble("1.5"), 1.5);
+  EXPECT_EQ(ToDouble("1,5"), 1.0);
+  EXPECT_EQ(ToDouble("0x1.8p0"), 1.5) << "the rare forms take another way";
+}
+
+}  // namespace
+}  // namespace quorvel
