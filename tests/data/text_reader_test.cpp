@@ -1,0 +1,195 @@
+#include "data/text_reader.h"
+
+#include <algorithm>
+#include <cstring>
+#include <sstream>
+
+#include <gtest/gtest.h>
+
+#include "tests/data/tree_text.h"
+
+namespace quorvel {
+namespace {
+
+using Item = TextReader::Item;
+
+/// Gives its bytes one at a time, as a slow pipe may.
+class DrippingBuf : public std::streambuf {
+ public:
+  explicit DrippingBuf(std::string bytes) : bytes_(std::move(bytes)) {}
+
+ protected:
+  std::streamsize xsgetn(char* to, std::streamsize count) override {
+    if (count == 0 || taken_ == bytes_.size()) return 0;
+    *to = bytes_[taken_++];
+    return 1;
+  }
+
+ private:
+  std::string bytes_;
+  std::size_t taken_ = 0;
+};
+
+/// Everything that the reader answers, one item a line: line number, kind, what it says.
+std::string Items(std::streambuf& input) {
+  TextReader reader(input);
+  std::string items;
+  for (Item item = reader.Next(); item != Item::End; item = reader.Next()) {
+    items += std::to_string(reader.LineNumber());
+    if (item == Item::Section) items += " [" + std::string(reader.Section()) + "]\n";
+    if (item == Item::Ignored) items += " ignored\n";
+    if (item == Item::Value) {
+      items += " " + std::string(reader.Key()) + ":" + std::to_string(static_cast<int>(reader.Type())) + "=" +
+               std::string(reader.Value()) + "\n";
+    }
+  }
+  return items;
+}
+
+std::string Items(const std::string& text) {
+  std::stringbuf input(text);
+  return Items(input);
+}
+
+TEST(TextReader, KeyLinesAreTakenApart) {
+  struct Row {
+    std::string line;
+    const char* outline;  // of the leaf; empty when the line is ignored
+  };
+  const Row rows[] = {
+      {"x=42", "x:0=42"},
+      {"x=4.2", "x:1=4.2"},
+      {"x=word", "x:0=word"},
+      {"x=", "x:0="},
+      {"x= \t\v\f\n", "x:0="},     // white space only
+      {"x=\"a\"b\"", "x:2=a\"b"},  // an inner quote stays
+      {"x='a\"", "x:2=a"},         // quotes need not match
+      {"x='a", "x:2=a"},           // nor close
+      {"x=\"", "x:2="},            // one quote opens and ends
+      {"x=\"\"", "x:2="},
+      {"x=\" a \"", "x:2= a "},  // white space inside quotes stays
+      {"x='a//b'", "x:2=a"},     // a comment cuts inside quotes
+      {"x=1 // two", "x:0=1"},
+      {"x=1/2", "x:0=1/2"},
+      {" x \t=1", " x:0=1"},  // leading white space belongs to the key
+      {"x=1=2", "x:0=1=2"},
+      {"x=1\ny=2", "x:0=1\ny=2"},  // LF ends no line
+      {"[x]=1", "[x]:0=1"},        // only a whole line can be a header
+      {"x=\xff\x80", "x:0=\xff\x80"},
+      {"=1", ""},
+      {" =1", ""},
+      {"x", ""},
+      {"//x=1", ""},
+      {"x//=1", ""},
+      {"", ""},
+      {"/=1", ""},
+      {"a//=1", ""},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.line);
+    DataBranch root("");
+    const DataLeaf* leaf = root.ParseLine(row.line);
+    const std::string outline = leaf ? Outline(*leaf) : "ignored";
+    EXPECT_EQ(outline, *row.outline ? "0 " + std::string(row.outline) + "\n" : "ignored");
+  }
+}
+
+TEST(TextReader, SectionsAreTakenAsTheyStand) {
+  struct Row {
+    const char* text;
+    const char* written;
+  };
+  constexpr Row rows[] = {
+      {"[A/B]\rx=1\r[A]\ry=2", "[A]\r\ny=2\r\n[A/B]\r\nx=1\r\n"},
+      {"[/A]\rx=1\r[A//B]\rx=2\r[A\\B]\ry=3", "[A]\r\nx=1\r\n[A/B]\r\nx=2\r\ny=3\r\n"},
+      {"[A] // c\rx=1", "[A] / c]\r\nx=1\r\n"},  // no comment, no trimming, a path like any other
+      {" [A]\rx=1", "x=1\r\n"},                  // not a header
+      {"[A]\rx=1\r[]\ry=2\r[\rz=3", "y=2\r\nz=3\r\n[A]\r\nx=1\r\n"},
+      {"[A", "[A]\r\n"},
+      {"[A]]\rx/y=1", "[A]/x]\r\ny=1\r\n"},
+      {"\r\n\r\n\n\r[A]\r\n\r\n\nx=1\n", "[A]\r\nx=1\r\n"},  // blank lines
+      {"x=1\rx='2'\rX=3", "x=\"2\"\r\nX=3\r\n"},             // the later value of a key wins, case counts
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.text);
+    EXPECT_EQ(TextOf(*TreeOf(row.text)), row.written);
+  }
+  const auto root = TreeOf("[A]\rx=1");
+  std::stringbuf more("x=2\r[B]\r");
+  root->FindBranch("A")->ReadText(&more);
+  root->ReadText(nullptr);
+  EXPECT_EQ(Outline(*root), "0 []\n1 [A]\n2 x:0=2\n2 [B]\n") << "reading adds below the branch";
+}
+
+TEST(TextReader, NulsAndLongLinesCutText) {
+  const auto text = [](const char* bytes, std::size_t size) { return std::string(bytes, size); };
+  const std::string pad(kMaxLineBytes - 2, 'a');  // with x= one whole piece
+  struct Row {
+    const char* what;
+    std::string text;
+    std::string items;
+  };
+  const Row rows[] = {
+      {"a NUL where a line begins ends the text", text("x=1\r\n\0y=2\r", 10), "1 x:0=1\n"},
+      {"a NUL inside drops the rest of the line", text("x=1\0z\ry=2\r", 10), "1 x:0=1\n2 y:0=2\n"},
+      {"a NUL inside a header", text("[A\0]\r", 5), "1 [A]\n"},
+      {"a line that fits", "x=" + pad + "\ry=2", "1 x:0=" + pad + "\n2 y:0=2\n"},
+      {"one byte more is a line of its own", "x=" + pad + "by=2\ry=3",
+       "1 x:0=" + pad + "\n1 by:0=2\n2 y:0=3\n"},
+      {"a piece may begin a section", "x=" + pad + "[b]\ry=3", "1 x:0=" + pad + "\n1 [b]\n2 y:0=3\n"},
+      {"a NUL ends its piece only", "x=" + text("\0", 1) + pad + "=2\ry=3", "1 x:0=\n1 a:0=2\n2 y:0=3\n"},
+      {"a NUL where a piece begins ends the text", "x=" + pad + text("\0z\ry=3", 7), "1 x:0=" + pad + "\n"},
+      {"an LF where a piece begins is skipped", "x=" + pad + "\nz=1", "1 x:0=" + pad + "\n1 z:0=1\n"},
+      {"nothing at all", "", ""},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.what);
+    EXPECT_EQ(Items(row.text), row.items);
+    DrippingBuf dripping(row.text);
+    EXPECT_EQ(Items(dripping), row.items) << "however the bytes arrive";
+  }
+  EXPECT_EQ(Items(std::string(20000, '=')), "1 ignored\n1 ignored\n1 ignored\n")
+      << "8191, 8191 and 3618 bytes";
+}
+
+TEST(TextReader, NamesTheLinesThatItIgnores) {
+  EXPECT_EQ(Items("\r\n// comment\r\n[A]\r\n \t\r\nno equals\r\nx=1\r\n=2\r\n  // c\r\n\r\ny//=\r\nz=1"),
+            "3 [A]\n5 ignored\n6 x:0=1\n7 ignored\n10 ignored\n11 z:0=1\n");
+}
+
+TEST(TextReader, PiecesOfTheInputDoNotShow) {
+  std::string text, items;
+  for (int i = 1; text.size() < 1000000; ++i) {  // lines of many lengths across several refills
+    const std::string value(static_cast<std::size_t>(i) * 37 % 3000, 'v');
+    text += "key=" + value + "\r\n";
+    items += std::to_string(i) + " key:0=" + value + "\n";
+  }
+  EXPECT_EQ(Items(text), items);
+
+  std::stringbuf input(text);
+  TextReader reader(input);
+  std::uint64_t lines = 0;
+  while (reader.Next() != Item::End) {
+    ++lines;
+    ASSERT_EQ(text.substr(reader.Position(), 2), "\r\n") << "the place where line " << lines << " ends";
+  }
+  EXPECT_EQ(reader.Position(), text.size());
+}
+
+TEST(TextReader, ManySectionsAndDeepHeadersAreRead) {
+  std::string header = "[b";
+  while (header.size() < kMaxLineBytes - 1) header += "/b";
+  const auto deep = TreeOf(header + "\rx=1\r");
+  EXPECT_EQ(TextOf(*deep), header + "]\r\nx=1\r\n");
+
+  std::string many;
+  for (int i = 0; i < 20000; ++i)
+    many += "[Cells/" + std::to_string(i) + "]\r\nv=" + std::to_string(i) + "\r\n";
+  const auto wide = TreeOf(many);
+  EXPECT_EQ(wide->FindBranch("Cells")->CountBranches(), 20000);
+  EXPECT_EQ(wide->FindLeaf("Cells/19999/v")->GetValue(), "19999");
+  EXPECT_EQ(TextOf(*wide), many);
+}
+
+}  // namespace
+}  // namespace quorvel
