@@ -17,6 +17,7 @@ constexpr std::uint32_t kChunkBytes = 64 * 1024;
 void InstanceStore::Reset(std::int32_t blockBytes) {
   *this = InstanceStore();
   blockBytes_ = blockBytes;
+  if (blockBytes == 0) return;
   const auto perChunk = std::max<std::uint32_t>(kChunkBytes / static_cast<std::uint32_t>(blockBytes), 1);
   chunkShift_ = static_cast<std::uint32_t>(std::bit_width(perChunk)) - 1;
 }

@@ -18,7 +18,7 @@ class InstanceStore {
   /// Numbers that have ever been given out are 1 to this.
   std::uint32_t LastNumber() const { return lastNumber_; }
 
-  /// An empty store for blocks of that size, a multiple of 4 above 0.
+  /// An empty store for blocks of that size, a multiple of 4; one for blocks of 0 bytes gives none.
   void Reset(std::int32_t blockBytes);
 
   /// A block number that was free, or the next one. The block's bytes are undefined. None when memory does
