@@ -41,6 +41,10 @@ class CellListener {
 /// text say why. To be asked before MakeGrid.
 bool CheckMap(const MapContents& contents, std::int64_t width, std::int64_t height, std::string& errorText);
 
+/// The same of a map whose cells all get values: also all of them together must be within the limits.
+bool CheckFullMap(const MapContents& contents, std::int64_t width, std::int64_t height,
+                  std::string& errorText);
+
 /// Gives the contents an empty grid and marks, all clear. The size is one that CheckMapSize accepts.
 void MakeGrid(MapContents& contents, int width, int height);
 

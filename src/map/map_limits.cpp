@@ -60,7 +60,14 @@ bool CheckCellBlock(std::uint64_t blockBytes, std::string& errorText) {
   return false;
 }
 
-std::uint64_t MaxRecords(int form, std::uint64_t blockBytes, std::uint64_t fileBytes) {
+bool CheckAllBlocks(std::uint64_t cells, std::uint64_t blockBytes, std::string& errorText) {
+  if (blockBytes == 0 || cells <= kMaxAllBlocksBytes / blockBytes) return true;
+  AppendLine(errorText, "Values of {} cells, {} bytes each, are above the limit of {} bytes.", cells,
+             blockBytes, kMaxAllBlocksBytes);
+  return false;
+}
+
+std::uint64_t MaxLoadedCells(int form, std::uint64_t blockBytes, std::uint64_t fileBytes) {
   if (blockBytes == 0) return std::numeric_limits<std::uint64_t>::max();
   // A binary file's texts are kept as they are, beside the values.
   const std::uint64_t bytesAnInputByte =
@@ -69,13 +76,14 @@ std::uint64_t MaxRecords(int form, std::uint64_t blockBytes, std::uint64_t fileB
   return std::min(kMaxAllBlocksBytes / blockBytes, loadBytes / (blockBytes + kGridBytesACell));
 }
 
-bool CheckRecords(int form, std::uint64_t records, std::uint64_t blockBytes, std::uint64_t fileBytes,
-                  std::string& errorText) {
-  const std::uint64_t limit = MaxRecords(form, blockBytes, fileBytes);
-  if (records <= limit) return true;
+bool CheckLoadedCells(int form, std::uint64_t cells, std::uint64_t blockBytes, std::uint64_t fileBytes,
+                      std::string& errorText) {
+  if (!CheckAllBlocks(cells, blockBytes, errorText)) return false;
+  const std::uint64_t limit = MaxLoadedCells(form, blockBytes, fileBytes);
+  if (cells <= limit) return true;
   AppendLine(errorText,
              "Values of {} cells, {} bytes each, are above the limit of {} cells for a file of {} bytes.",
-             records, blockBytes, limit, fileBytes);
+             cells, blockBytes, limit, fileBytes);
   return false;
 }
 

@@ -36,11 +36,14 @@ bool CheckFileSize(int form, std::uint64_t fileBytes, std::string& errorText);
 /// Whether one cell's values may take this many bytes. If not, a line says so.
 bool CheckCellBlock(std::uint64_t blockBytes, std::string& errorText);
 
-/// Most cells whose values of `blockBytes` each may be held when a file of `fileBytes` is loaded.
-std::uint64_t MaxRecords(int form, std::uint64_t blockBytes, std::uint64_t fileBytes);
+/// Whether the values of so many cells may take `blockBytes` each. If not, a line says so.
+bool CheckAllBlocks(std::uint64_t cells, std::uint64_t blockBytes, std::string& errorText);
 
-/// Whether that many records are within MaxRecords. If not, a line says so.
-bool CheckRecords(int form, std::uint64_t records, std::uint64_t blockBytes, std::uint64_t fileBytes,
-                  std::string& errorText);
+/// Most cells whose values of `blockBytes` each may be held when a file of `fileBytes` is loaded.
+std::uint64_t MaxLoadedCells(int form, std::uint64_t blockBytes, std::uint64_t fileBytes);
+
+/// Whether so many cells are within CheckAllBlocks and MaxLoadedCells. If not, a line says so.
+bool CheckLoadedCells(int form, std::uint64_t cells, std::uint64_t blockBytes, std::uint64_t fileBytes,
+                      std::string& errorText);
 
 }  // namespace quorvel

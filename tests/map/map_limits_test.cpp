@@ -25,9 +25,13 @@ TEST(MapLimits, AcceptTheLimitAndRefuseOneMore) {
   const auto block = [](std::uint64_t bytes) {
     return [=](std::string& errorText) { return CheckCellBlock(bytes, errorText); };
   };
+  const auto all = [](std::uint64_t cells, std::uint64_t blockBytes) {
+    return [=](std::string& errorText) { return CheckAllBlocks(cells, blockBytes, errorText); };
+  };
   const auto records = [](int form, std::uint64_t count, std::uint64_t blockBytes, std::uint64_t fileBytes) {
-    return
-        [=](std::string& errorText) { return CheckRecords(form, count, blockBytes, fileBytes, errorText); };
+    return [=](std::string& errorText) {
+      return CheckLoadedCells(form, count, blockBytes, fileBytes, errorText);
+    };
   };
   const Row rows[] = {
       {"width from below", size(1, 1), size(0, 1), "Map width 0 is below 1.\n"},
@@ -45,10 +49,11 @@ TEST(MapLimits, AcceptTheLimitAndRefuseOneMore) {
        "File size 2147483648 bytes is above the limit of 2147483647 bytes for the binary form.\n"},
       {"one cell", block(1048576), block(1048577),
        "Values of one cell take 1048577 bytes, above the limit of 1048576 bytes.\n"},
-      {"all cells", records(kTextForm, 4096, 1048576, 4294967296),
+      {"all cells", all(4096, 1048576), all(4097, 1048576),
+       "Values of 4097 cells, 1048576 bytes each, are above the limit of 4294967296 bytes.\n"},
+      {"all cells loaded", records(kTextForm, 4096, 1048576, 4294967296),
        records(kTextForm, 4097, 1048576, 4294967296),
-       "Values of 4097 cells, 1048576 bytes each, are above the limit of 4096 cells for a file of "
-       "4294967296 bytes.\n"},
+       "Values of 4097 cells, 1048576 bytes each, are above the limit of 4294967296 bytes.\n"},
       {"text load", records(kTextForm, 640640, 95, 1000), records(kTextForm, 640641, 95, 1000),
        "Values of 640641 cells, 95 bytes each, are above the limit of 640640 cells for a file of 1000 "
        "bytes.\n"},
@@ -69,7 +74,7 @@ TEST(MapLimits, FormProductsBeyond32Bits) {
   std::string errorText;
   EXPECT_FALSE(CheckMapSize(2147483647, 2147483647, errorText));
   EXPECT_FALSE(CheckMapSize(20000000, 20000000, errorText));
-  EXPECT_TRUE(CheckRecords(kBinaryForm, 100000000, 0, 0, errorText));  // cells without values take none
+  EXPECT_TRUE(CheckLoadedCells(kBinaryForm, 100000000, 0, 0, errorText));  // cells without values take none
 }
 
 }  // namespace
