@@ -19,7 +19,6 @@ struct MapFilePlan {
   std::unique_ptr<DataBranch>
       tree;                     ///< in the text form without the cells, in the binary form with final offsets
   std::uint64_t treeBytes = 0;  ///< of the tree's text
-  std::uint64_t dataBytes = 0;  ///< binary form: of the block of sizes and cell values
   std::uint64_t fileBytes = 0;
 };
 

@@ -1,0 +1,67 @@
+#include "map/map_writer.h"
+
+#include "map/map_limits.h"
+#include "map/map_progress.h"
+#include "map/map_writer_binary.h"
+#include "map/map_writer_text.h"
+#include "map/map_writer_tree.h"
+
+namespace quorvel {
+namespace {
+
+bool IsBinary(const MapContents& contents) {
+  return contents.m_nDataType == kBinaryForm;
+}
+
+void MeasureTextFile(const MapContents& contents, MapFilePlan& plan) {
+  plan.treeBytes = plan.tree->TextSize();
+  plan.fileBytes = plan.treeBytes + MeasureTextCells(contents);
+}
+
+void MeasureBinaryFile(const MapContents& contents, MapFilePlan& plan) {
+  const BlockOffsets offsets = SettleOffsets(*plan.tree, MeasureDataBlock(contents));
+  plan.treeBytes = plan.tree->TextSize();
+  plan.fileBytes = offsets.text + MeasureTextBlock(contents, kMaxBinaryFileBytes);
+}
+
+/// Cells that have values after the file was loaded.
+std::uint64_t CountLoadedCells(const MapContents& contents) {
+  const CellGrid& grid = *contents.m_pGrid;
+  return static_cast<std::uint64_t>(IsBinary(contents) ? grid.CellCount() : grid.Count());
+}
+
+}  // namespace
+
+std::optional<MapFilePlan> PlanMapFile(const MapContents& contents, std::string_view title,
+                                       std::string& errorText) {
+  if (contents.m_pGrid == nullptr) {
+    errorText += "There is no map to save.\n";
+    return std::nullopt;
+  }
+  MapFilePlan plan;
+  plan.tree = BuildFileTree(contents, title);
+  if (IsBinary(contents)) {
+    MeasureBinaryFile(contents, plan);
+  } else {
+    MeasureTextFile(contents, plan);
+  }
+  if (!CheckFileSize(contents.m_nDataType, plan.fileBytes, errorText) ||
+      !CheckLoadedCells(contents.m_nDataType, CountLoadedCells(contents), CellBlockBytes(contents),
+                        plan.fileBytes, errorText)) {
+    return std::nullopt;
+  }
+  return plan;
+}
+
+void SaveMap(const MapFilePlan& plan, const MapContents& contents, std::streambuf& out, Feedback& feedback) {
+  const WaitCursor wait(feedback);
+  MapProgress progress(feedback, "Saving map...");
+  plan.tree->WriteText(&out);
+  if (!IsBinary(contents)) return WriteTextCells(contents, out, progress);
+
+  constexpr char kPadding[4] = {};
+  out.sputn(kPadding, static_cast<std::streamsize>(PaddedTextBytes(plan.treeBytes) - plan.treeBytes));
+  WriteBlocks(contents, out, progress);
+}
+
+}  // namespace quorvel
