@@ -1,0 +1,143 @@
+#include "map_samples.h"
+
+#include <cstring>
+#include <sstream>
+
+#include <fmt/format.h>
+#include <gtest/gtest.h>
+
+#include "map/definitions.h"
+#include "map/map_reader.h"
+#include "map/map_writer.h"
+
+namespace quorvel {
+namespace {
+
+std::string DescribeMember(const MemberDef& member) {
+  const TypeDef* reference = member.GetRefType();
+  return fmt::format("  {} {} {}\n", member.GetName(), static_cast<int>(member.GetKind()),
+                     reference == nullptr ? "-" : reference->GetName());
+}
+
+std::string DescribeTypes(const TypeList& types) {
+  std::string text;
+  for (const auto& type : types.Types()) {
+    text += type->GetName() + '\n';
+    if (type->GetKind() != TypeKind::Class) continue;
+    for (const auto& member : static_cast<const ClassDef&>(*type).Members()) text += DescribeMember(*member);
+  }
+  return text;
+}
+
+std::string DescribeRecord(const MapContents& contents, const CellRecord& record) {
+  std::string text = fmt::format("record {} ({}:{})", record.index, record.column, record.row);
+  for (const auto& member : contents.m_pCellClass->Members()) {
+    const void* slot = member->GetValuePtr(record.data);
+    std::string value;
+    member->FormatValue(value, slot);
+    if (member->GetKind() == MemberKind::Float || member->GetKind() == MemberKind::Index) {
+      std::uint32_t bits = 0;
+      std::memcpy(&bits, slot, sizeof bits);
+      value += fmt::format("/{:08x}", bits);
+    }
+    text += " <" + value + '>';
+  }
+  return text + '\n';
+}
+
+}  // namespace
+
+std::string Lines(std::initializer_list<std::string_view> lines) {
+  std::string text;
+  for (const std::string_view line : lines) text.append(line).append("\r\n");
+  return text;
+}
+
+std::string SampleClasses() {
+  return Lines({"[Classes/Kind]",      "type=\"items\"",        "0=\"dust\"",          "1=\"star\"",
+                "2=\"hole\"",          "[Classes/Part]",        "type=\"class\"",      "[Classes/Part/Size]",
+                "type=\"int\"",        "range=\"0<7<9\"",       "[Classes/Map]",       "type=\"class\"",
+                "[Classes/Map/Width]", "type=\"int\"",          "range=\"1<10<1000\"", "[Classes/Map/Height]",
+                "type=\"int\"",        "range=\"1<10<1000\"",   "[Classes/Cell]",      "type=\"class\"",
+                "[Classes/Cell/Name]", "type=\"string\"",       "range=\"none\"",      "[Classes/Cell/Count]",
+                "type=\"int\"",        "range=\"0<5<9\"",       "[Classes/Cell/Part]", "type=\"object\"",
+                "range=\"Part\"",      "[Classes/Cell/Weight]", "type=\"float\"",      "range=\"0<1.5<9\"",
+                "[Classes/Cell/Kind]", "type=\"index\"",        "range=\"Kind\""});
+}
+
+MapContents ContentsOf(const std::string& definitions) {
+  MapContents contents;
+  std::stringbuf file(definitions);
+  DataBranch tree({});
+  NullFeedback feedback;
+  std::string errorText;
+  LoadDefinitions(file, tree, contents, feedback, errorText);
+  EXPECT_EQ(errorText, "");
+  return contents;
+}
+
+MapContents SampleMap(int width, int height, std::uint32_t seed) {
+  constexpr std::string_view kNames[] = {"", "Vega", "a\"b", " x ", "\xe9t\xe9", "Deneb Algedi", "[z]", "'"};
+  constexpr std::string_view kFloats[] = {"0",   "-0.0", "1e-20",      "3.4028235e38", "-1e999",
+                                          "nan", "0.5",  "123456.789", "-2.0000005",   "99.9999995"};
+  MapContents contents = ContentsOf(SampleClasses());
+  MakeGrid(contents, width, height);
+  std::uint64_t state = seed * 2654435761U + 1;
+  const auto draw = [&state](std::size_t choices) {
+    state = state * 6364136223846793005U + 1442695040888963407U;
+    return static_cast<std::size_t>(state >> 33) % choices;
+  };
+  for (int index = 0; index < width * height; ++index) {
+    if (draw(3) != 0) continue;
+    CreateCell(contents, contents.m_pGrid->CoordOf(index));
+    if (draw(2) == 0) SetValue(contents, index, "Name", kNames[draw(std::size(kNames))]);
+    if (draw(2) == 0)
+      SetValue(contents, index, "Count", std::to_string(static_cast<int>(draw(4000000000U) - 2000000000)));
+    if (draw(2) == 0) SetValue(contents, index, "Weight", kFloats[draw(std::size(kFloats))]);
+    if (draw(2) == 0) SetValue(contents, index, "Kind", std::to_string(static_cast<int>(draw(5)) - 1));
+  }
+  return contents;
+}
+
+std::string Saved(const MapContents& contents) {
+  std::string errorText;
+  const auto plan = PlanMapFile(contents, "Title", errorText);
+  EXPECT_EQ(errorText, "");
+  if (!plan) return {};
+  std::stringbuf file;
+  NullFeedback feedback;
+  SaveMap(*plan, contents, file, feedback);
+  EXPECT_EQ(file.str().size(), plan->fileBytes);
+  return file.str();
+}
+
+std::string SavedAs(MapContents& contents, int form) {
+  contents.m_nDataType = form;
+  return Saved(contents);
+}
+
+MapContents Loaded(const std::string& bytes, std::string& errorText) {
+  std::stringbuf file(bytes);
+  NullFeedback feedback;
+  return LoadMapFile(file, feedback, errorText);
+}
+
+std::string Describe(const MapContents& contents) {
+  std::string text = fmt::format("form {}\n", contents.m_nDataType) + DescribeTypes(*contents.m_pTypes);
+  if (contents.m_pGrid == nullptr) return text + "no grid\n";
+  const CellGrid& grid = *contents.m_pGrid;
+  text += fmt::format("{} x {}\n", grid.Width(), grid.Height());
+  for (auto record = grid.Following(-1); record; record = grid.Following(record->index)) {
+    text += DescribeRecord(contents, *record);
+  }
+  return text;
+}
+
+void SetValue(MapContents& contents, std::int32_t index, std::string_view member, std::string_view text) {
+  auto record = contents.m_pGrid->Find(index);
+  if (!record) record = CreateCell(contents, contents.m_pGrid->CoordOf(index));
+  const MemberDef* found = contents.m_pCellClass->FindMember(member);
+  found->StoreText(found->GetValuePtr(record->data), text);
+}
+
+}  // namespace quorvel
