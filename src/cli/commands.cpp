@@ -1,0 +1,14 @@
+#include "cli/command.h"
+
+namespace quorvel {
+
+std::span<const CommandRow> Commands() {
+  static constexpr CommandRow kRows[] = {
+      {"rewrite", "Read any generic data file in text form and write it in its plain form",
+       &MakeRewriteCommand},
+      {"dump", "Print what a file holds, one fact a line, for scripts", &MakeDumpCommand},
+  };
+  return kRows;
+}
+
+}  // namespace quorvel

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <algorithm>
+
+namespace quorvel {
+
+/// How a run of the batch tool ends.
+enum class ExitCode : int {
+  Done = 0,     ///< all well, equal
+  No = 1,       ///< the answer is no: differences, problems, a refused file, a limit passed, an error text
+  Trouble = 2,  ///< wrong usage, a file that cannot be opened, read or written, no memory
+};
+
+/// The code of a run that did both: with several files the highest wins.
+constexpr ExitCode Worse(ExitCode one, ExitCode other) {
+  return std::max(one, other);
+}
+
+}  // namespace quorvel

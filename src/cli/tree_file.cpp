@@ -1,0 +1,56 @@
+#include "cli/tree_file.h"
+
+#include "cli/read_outcome.h"
+#include "data/text_reader.h"
+#include "map/data_type.h"
+#include "map/map_limits.h"
+#include "platform/atomic_file.h"
+#include "platform/file_source.h"
+
+namespace quorvel {
+
+namespace {
+
+bool IsBelowObjects(std::string_view section) {
+  std::string_view head;
+  while (head.empty() && !section.empty()) head = PopPathHead(section);
+  return head == "Objects";
+}
+
+void ReadTextWithoutObjects(std::streambuf& input, DataBranch& root) {
+  TextReader reader(input);
+  DataBranch* section = &root;
+  for (auto item = reader.Next(); item != TextReader::Item::End; item = reader.Next()) {
+    if (item == TextReader::Item::Section)
+      section = IsBelowObjects(reader.Section()) ? nullptr : root.GetBranch(reader.Section());
+    else if (item == TextReader::Item::Value && section != nullptr)
+      section->SetLeaf(reader.Key(), reader.Value(), reader.Type());
+  }
+}
+
+}  // namespace
+
+ExitCode ReadTreeFile(Console& console, const std::string& path, DataBranch& root, TreePart part) {
+  FileSource source(path, FileSource::Accept::AnyInput, kMaxTextFileBytes);
+  if (part == TreePart::All)
+    root.ReadText(&source);
+  else
+    ReadTextWithoutObjects(source, root);
+  return ReadOutcome(console, path, source);
+}
+
+ExitCode WriteTreeFile(Console& console, const std::string& path, const DataBranch& root) {
+  const std::uint64_t bytes = root.TextSize();
+  std::string errorText;
+  if (!CheckFileSize(kTextForm, bytes, errorText)) {
+    console.Complain(path, errorText);
+    return ExitCode::No;
+  }
+  AtomicFile file(path);
+  if (file.Reserve(bytes)) root.WriteText(&file);
+  if (file.Commit(errorText)) return ExitCode::Done;
+  console.Complain(path, errorText);
+  return ExitCode::Trouble;
+}
+
+}  // namespace quorvel

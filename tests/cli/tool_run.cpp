@@ -1,0 +1,115 @@
+#include "tests/cli/tool_run.h"
+
+#include <algorithm>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace quorvel {
+
+namespace fs = std::filesystem;
+
+TestFolder::TestFolder() {
+  std::string pattern = (fs::temp_directory_path() / "quorvel-test-XXXXXX").string();
+  if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no folder for the test");
+  path_ = pattern;
+}
+
+TestFolder::~TestFolder() {
+  std::error_code ignored;
+  fs::remove_all(path_, ignored);
+}
+
+std::string TestFolder::Write(std::string_view name, std::string_view bytes) const {
+  const std::string path = *this / name;
+  std::ofstream(path, std::ios::binary) << bytes;
+  return path;
+}
+
+std::vector<std::string> TestFolder::Names() const {
+  std::vector<std::string> names;
+  for (const auto& entry : fs::directory_iterator(path_)) names.push_back(entry.path().filename().string());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+std::string ReadBytes(const std::string& path) {
+  std::ifstream file(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+std::string WithCrLf(std::string_view text) {
+  std::string lines;
+  for (const char byte : text) {
+    if (byte == '\n') lines += '\r';
+    lines += byte;
+  }
+  return lines;
+}
+
+namespace {
+
+void Redirect(int stream, const std::string& path, int flags) {
+  const int file = ::open(path.c_str(), flags, 0600);
+  if (file < 0 || ::dup2(file, stream) < 0) ::_exit(126);
+  ::close(file);
+}
+
+std::vector<char*> Pointers(std::vector<std::string>& texts) {
+  std::vector<char*> pointers;
+  for (std::string& text : texts) pointers.push_back(text.data());
+  pointers.push_back(nullptr);
+  return pointers;
+}
+
+struct Streams {
+  std::string in, out, err;
+};
+
+pid_t Start(const std::vector<std::string>& arguments, const RunSettings& settings, const Streams& streams) {
+  std::vector<std::string> words = {QUORVEL_BIN_DIR "/quorvel-map"};
+  words.insert(words.end(), arguments.begin(), arguments.end());
+  std::vector<std::string> environment = settings.environment;
+  const std::vector<char*> argv = Pointers(words);
+
+  const pid_t child = ::fork();
+  if (child != 0) return child;
+  Redirect(STDIN_FILENO, streams.in, O_RDONLY);
+  Redirect(STDOUT_FILENO, streams.out, O_WRONLY | O_CREAT | O_TRUNC);
+  Redirect(STDERR_FILENO, streams.err, O_WRONLY | O_CREAT | O_TRUNC);
+  if (!settings.folder.empty() && ::chdir(settings.folder.c_str()) != 0) ::_exit(126);
+  for (std::string& variable : environment) ::putenv(variable.data());
+  ::execv(argv[0], argv.data());
+  ::_exit(127);
+}
+
+}  // namespace
+
+ToolRun WaitForTool(pid_t process) {
+  int status = 0;
+  ::waitpid(process, &status, 0);
+  ToolRun run;
+  if (WIFEXITED(status)) run.code = WEXITSTATUS(status);
+  if (WIFSIGNALED(status)) run.signal = WTERMSIG(status);
+  return run;
+}
+
+ToolRun RunMapTool(const std::vector<std::string>& arguments, const RunSettings& settings) {
+  const TestFolder folder;
+  const std::string outPath = settings.outPath.empty() ? folder / "out" : settings.outPath;
+  const Streams streams{folder.Write("in", settings.input), outPath, folder / "err"};
+  ToolRun run = WaitForTool(Start(arguments, settings, streams));
+  if (settings.outPath.empty()) run.out = ReadBytes(outPath);
+  run.err = ReadBytes(streams.err);
+  return run;
+}
+
+pid_t StartMapTool(const std::vector<std::string>& arguments) {
+  return Start(arguments, {}, {"/dev/null", "/dev/null", "/dev/null"});
+}
+
+}  // namespace quorvel

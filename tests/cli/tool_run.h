@@ -1,0 +1,62 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include <sys/types.h>
+
+namespace quorvel {
+
+/// A folder of a test's own, removed at its end.
+class TestFolder {
+ public:
+  TestFolder();
+  ~TestFolder();
+  TestFolder(const TestFolder&) = delete;
+  TestFolder& operator=(const TestFolder&) = delete;
+
+  const std::filesystem::path& Path() const { return path_; }
+  std::string operator/(std::string_view name) const { return (path_ / name).string(); }
+
+  /// Writes a file of the folder and gives its path.
+  std::string Write(std::string_view name, std::string_view bytes) const;
+
+  /// Names of all that lies in the folder, sorted.
+  std::vector<std::string> Names() const;
+
+ private:
+  std::filesystem::path path_;
+};
+
+std::string ReadBytes(const std::string& path);
+
+/// Text with every line ended by CR LF, as the text form wants it.
+std::string WithCrLf(std::string_view text);
+
+/// How one run of a program ended and what it said.
+struct ToolRun {
+  int code = -1;    ///< exit code, -1 when a signal ended the run
+  int signal = 0;   ///< the signal that ended it, 0 for none
+  std::string out;  ///< standard output, empty when it went to `outPath`
+  std::string err;
+};
+
+struct RunSettings {
+  std::string input;                     ///< standard input
+  std::string outPath;                   ///< where standard output goes instead of into ToolRun::out
+  std::string folder;                    ///< working folder
+  std::vector<std::string> environment;  ///< "NAME=value" beside the usual ones
+};
+
+/// Runs build/.../bin/quorvel-map to its end.
+ToolRun RunMapTool(const std::vector<std::string>& arguments, const RunSettings& settings = {});
+
+/// Starts quorvel-map and lets it run; its output is thrown away.
+pid_t StartMapTool(const std::vector<std::string>& arguments);
+
+/// Waits for a started program.
+ToolRun WaitForTool(pid_t process);
+
+}  // namespace quorvel
