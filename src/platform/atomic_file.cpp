@@ -16,7 +16,7 @@ namespace quorvel {
 
 namespace {
 
-constexpr std::size_t kPieceBytes = 256 * 1024;
+constexpr std::size_t kPieceBytes = std::size_t{256} * 1024;
 constexpr mode_t kOwnerOnly = 0600;  // until the target's own mode is set, nobody else may read
 
 std::string TempPathIn(const std::string& folder) {

@@ -16,7 +16,7 @@ namespace quorvel {
 
 namespace {
 
-constexpr std::size_t kPieceBytes = 256 * 1024;
+constexpr std::size_t kPieceBytes = std::size_t{256} * 1024;
 
 }  // namespace
 

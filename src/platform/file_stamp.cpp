@@ -13,7 +13,7 @@ namespace {
 
 std::uint64_t Checksum(const std::string& path) {
   FileSource file(path, FileSource::Accept::PlainFilesOnly);
-  std::vector<char> piece(256 * 1024);
+  std::vector<char> piece(std::size_t{256} * 1024);
   std::uint64_t sum = 0;
   while (const auto got = file.sgetn(piece.data(), static_cast<std::streamsize>(piece.size())))
     sum = crc64_ecma_refl(sum, reinterpret_cast<const unsigned char*>(piece.data()),

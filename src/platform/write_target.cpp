@@ -53,7 +53,7 @@ std::string Trouble(const WriteTarget& target) {
   if (target.path.empty()) return ErrorText(ENOENT);
   if (target.path.back() == '/') return ErrorText(EISDIR);
   if (target.kind == WriteTarget::Kind::PlainFile) {
-    const std::string trouble = PlainFileTrouble(target);
+    std::string trouble = PlainFileTrouble(target);
     if (!trouble.empty()) return trouble;
   }
   return AccessTrouble(target.folder, W_OK | X_OK);

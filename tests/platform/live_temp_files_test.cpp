@@ -1,0 +1,58 @@
+#include "platform/live_temp_files.h"
+
+#include <csignal>
+#include <string>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/atomic_file.h"
+#include "tests/platform/child_process.h"
+#include "tests/platform/temp_folder.h"
+
+namespace quorvel {
+namespace {
+
+TEST(LiveTempFiles, AreRemovedByTheSignalThatEndsTheProgram) {
+  for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
+    SCOPED_TRACE(signal);
+    const TempFolder folder;
+    const std::string path = folder.Write("map", "old");
+    const int status = RunInChild([&] {
+      RemoveTempFilesOnSignals();
+      AtomicFile first(path);
+      AtomicFile second(folder / "other");
+      if (!first.Reserve(10) || !second.Reserve(10) || folder.Names().size() != 3) _exit(1);
+      raise(signal);
+    });
+    EXPECT_TRUE(WIFSIGNALED(status));
+    EXPECT_EQ(WTERMSIG(status), signal);
+    EXPECT_THAT(folder.Names(), testing::ElementsAre("map"));
+    EXPECT_EQ(folder.Read("map"), "old");
+  }
+}
+
+TEST(LiveTempFiles, AreLeftAloneOnceForgotten) {
+  const TempFolder folder;
+  const std::string path = folder.Write("kept", "bytes");
+  RunInChild([&] {
+    RemoveTempFilesOnSignals();
+    LiveTempFile file;
+    file.Remember(path);
+    file.Forget();
+    raise(SIGTERM);
+  });
+  EXPECT_EQ(folder.Read("kept"), "bytes");
+}
+
+TEST(LiveTempFiles, LeaveAnIgnoredSignalIgnored) {
+  const int status = RunInChild([] {
+    std::signal(SIGHUP, SIG_IGN);
+    RemoveTempFilesOnSignals();
+    raise(SIGHUP);
+  });
+  EXPECT_TRUE(WIFEXITED(status));
+}
+
+}  // namespace
+}  // namespace quorvel
