@@ -26,8 +26,9 @@ bool Holds(const std::vector<std::unique_ptr<CDocument>>& documents, const CDocu
 
 /// The documents of now: the list itself changes when one of them is released.
 std::vector<CDocument*> Snapshot(const std::vector<std::unique_ptr<CDocument>>& documents) {
-  std::vector<CDocument*> pointers;
-  for (const auto& document : documents) pointers.push_back(document.get());
+  std::vector<CDocument*> pointers(documents.size());
+  std::transform(documents.begin(), documents.end(), pointers.begin(),
+                 [](const auto& held) { return held.get(); });
   return pointers;
 }
 
@@ -163,7 +164,7 @@ void CWinApp::ReleaseDocument(CDocument& document) {
   if (held == documents_.end()) return;  // released already; this is the end of its last view
   released_.push_back(std::move(*held));
   documents_.erase(held);
-  frames_.CloseFrames(document);
+  if (!document.Views().empty()) frames_.CloseFrames(document);  // else the last frame is closing just now
 }
 
 }  // namespace quorvel

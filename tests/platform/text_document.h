@@ -1,0 +1,62 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "platform/document.h"
+
+namespace quorvel {
+
+/// A document that is a text. A text that starts with "!" is refused in both directions, after a message.
+class TextDocument : public CDocument {
+ public:
+  explicit TextDocument(Prompts& prompts) : CDocument(prompts), prompts_(prompts) {}
+  ~TextDocument() override { ++ended; }
+
+  std::string text;
+  std::string titleWhileLoading = "(not loaded)";
+  std::function<void()> onIdle = [] {};
+  std::function<void()> onSerialize = [] {};
+  static inline int ended = 0;
+
+  void OnIdle() override { onIdle(); }
+
+ protected:
+  bool Serialize(CArchive& archive) override {
+    onSerialize();
+    if (archive.IsLoading()) {
+      titleWhileLoading = GetTitle();
+      std::ostringstream bytes;
+      if (archive.File().sgetc() != EOF) bytes << &archive.File();
+      text = bytes.str();
+    } else {
+      archive.Reserve(text.size());
+      archive.File().sputn(text.data(), static_cast<std::streamsize>(text.size()));
+    }
+    if (!text.starts_with('!')) return true;
+    prompts_.Message("refused", MessageButtons::Ok, MessageIcon::Exclamation);
+    return false;
+  }
+
+ private:
+  Prompts& prompts_;
+};
+
+/// A view that remembers what it was told.
+class LoggingView : public CView {
+ public:
+  std::vector<UpdateHint> hints;
+  std::vector<CView*> senders;
+  int titleChanges = 0;
+
+  void OnUpdate(CView* sender, const UpdateHint& hint) override {
+    senders.push_back(sender);
+    hints.push_back(hint);
+  }
+  void OnTitleChanged() override { ++titleChanges; }
+};
+
+}  // namespace quorvel
