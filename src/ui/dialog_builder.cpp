@@ -1,10 +1,15 @@
 #include "ui/dialog_builder.h"
 
+#include <algorithm>
+#include <string_view>
+
 #include <QComboBox>
 #include <QFontMetrics>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QSlider>
 
 #include "ui/command_icons.h"
 #include "ui/shown_text.h"
@@ -26,6 +31,7 @@ DialogBase BaseOf(const QWidget& widget) {
 QPushButton* MakeButton(const ControlRow& row, QWidget& parent) {
   auto* button = new QPushButton(QString::fromUtf8(row.text), &parent);
   const bool isDefault = row.kind == ControlKind::DefaultButton;
+  button->setCheckable(row.kind == ControlKind::CheckButton);
   button->setDefault(isDefault);
   button->setAutoDefault(isDefault);
   if (auto* dialog = qobject_cast<QDialog*>(&parent)) {
@@ -41,31 +47,72 @@ QLabel* MakeIcon(const ControlRow& row, QWidget& parent) {
   return label;
 }
 
+QLabel* MakeLabel(const ControlRow& row, QWidget& parent) {
+  auto* label = new QLabel(QString::fromUtf8(row.text), &parent);
+  label->setAlignment(Qt::AlignVCenter | (row.style & kAlignRight ? Qt::AlignRight : Qt::AlignLeft));
+  return label;
+}
+
+/// A box that cannot be written into is passed over by the Tab key.
+QLineEdit* MakeEdit(const ControlRow& row, QWidget& parent) {
+  auto* edit = new QLineEdit(QString::fromUtf8(row.text), &parent);
+  if (row.style & kReadOnly) {
+    edit->setReadOnly(true);
+    edit->setFocusPolicy(Qt::ClickFocus);
+  }
+  return edit;
+}
+
 QWidget* MakeControl(const ControlRow& row, QWidget& parent) {
   switch (row.kind) {
     case ControlKind::Icon:
       return MakeIcon(row, parent);
     case ControlKind::Label:
-      return new QLabel(QString::fromUtf8(row.text), &parent);
+      return MakeLabel(row, parent);
+    case ControlKind::Edit:
+      return MakeEdit(row, parent);
     case ControlKind::DefaultButton:
     case ControlKind::Button:
+    case ControlKind::CheckButton:
       return MakeButton(row, parent);
     case ControlKind::ComboBox:
       return new QComboBox(&parent);
     case ControlKind::ListBox:
       return new QListWidget(&parent);
+    case ControlKind::Slider:
+      return new QSlider(Qt::Horizontal, &parent);
+    case ControlKind::ListView:
+    case ControlKind::Static:
+      break;
   }
-  return nullptr;
+  return new QWidget(&parent);
+}
+
+bool IsList(ControlKind kind) {
+  return kind == ControlKind::ListBox || kind == ControlKind::ListView || kind == ControlKind::Static;
 }
 
 /// A drop-down's height in the template is that of its open list; buttons and labels must hold the desktop's
 /// font.
 QRect PlaceOf(const ControlRow& row, const QWidget& control, const QWidget& parent) {
   QRect place = PixelsOf(row.place, parent);
-  if (row.kind == ControlKind::ComboBox) place.setHeight(control.sizeHint().height());
-  if (row.kind != ControlKind::ListBox)
-    place.setHeight(std::max(place.height(), control.sizeHint().height()));
+  if (IsList(row.kind)) return place;
+  const QSize needed = control.sizeHint();
+  if (row.kind == ControlKind::ComboBox) place.setHeight(needed.height());
+  place.setHeight(std::max(place.height(), needed.height()));
+  if (row.kind == ControlKind::Label) place.setWidth(std::max(place.width(), needed.width()));
   return place;
+}
+
+/// A label with a key of its own leads to the control after it that takes the keyboard.
+void JoinLabel(QLabel*& label, const ControlRow& row, QWidget& control) {
+  if (row.kind == ControlKind::Label) {
+    if (std::string_view(row.text).find('&') != std::string_view::npos)
+      label = static_cast<QLabel*>(&control);
+  } else if (label && (control.focusPolicy() & Qt::TabFocus)) {
+    label->setBuddy(&control);
+    label = nullptr;
+  }
 }
 
 }  // namespace
@@ -76,14 +123,15 @@ QRect PixelsOf(const DialogRect& rect, const QWidget& widget) {
           qRound(rect.height * base.height)};
 }
 
-void BuildControls(const DialogTemplate& source, QWidget& parent) {
-  QLabel* labelBefore = nullptr;
+void BuildControls(const DialogTemplate& source, QWidget& parent, const ControlMaker& makeOwn) {
+  QLabel* label = nullptr;
   for (const ControlRow& row : source.controls) {
-    QWidget* control = MakeControl(row, parent);
+    QWidget* control = makeOwn ? makeOwn(row) : nullptr;
+    if (!control) control = MakeControl(row, parent);
     control->setObjectName(QString::number(row.id));
     control->setGeometry(PlaceOf(row, *control, parent));
-    if (labelBefore) labelBefore->setBuddy(control);
-    labelBefore = row.kind == ControlKind::Label ? static_cast<QLabel*>(control) : nullptr;
+    if (row.style & kHidden) control->hide();
+    JoinLabel(label, row, *control);
   }
 }
 

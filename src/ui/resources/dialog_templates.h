@@ -6,7 +6,22 @@
 
 namespace quorvel {
 
-enum class ControlKind { Icon, Label, DefaultButton, Button, ComboBox, ListBox };
+enum class ControlKind {
+  Icon,
+  Label,
+  Edit,
+  DefaultButton,
+  Button,
+  CheckButton,  ///< stays down until it is pressed again
+  ComboBox,
+  ListBox,
+  ListView,  ///< this and Static: made by whoever builds the dialog
+  Slider,
+  Static,
+};
+
+/// What else matters of a control's style, added up.
+enum ControlStyle : unsigned { kPlain = 0, kAlignRight = 1, kReadOnly = 2, kHidden = 4 };
 
 /// Place and size in dialog units: a quarter of the font's average character width, an eighth of its height.
 struct DialogRect {
@@ -18,6 +33,7 @@ struct ControlRow {
   int id;  ///< -1: nothing asks for it
   DialogRect place;
   const char* text = "";
+  unsigned style = kPlain;
 };
 
 struct DialogTemplate {
