@@ -71,6 +71,8 @@ class CVastrelDoc : public CDocument, public MapContents, public CellListener {
   bool Load(CArchive& archive);
   bool Store(CArchive& archive);
   void ReportErrors(const std::string& errorText);
+  void MakeEmptyMap(int width, int height, std::string& errorText);
+  void FillNewMap(const NewMapChoice& choice, std::string& errorText);
 
   Services& services_;
   CellListener* journal_ = nullptr;

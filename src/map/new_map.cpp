@@ -1,0 +1,82 @@
+// How a document's new map is made: definitions, wizard, fill.
+
+#include <algorithm>
+#include <optional>
+#include <string>
+
+#include <fmt/format.h>
+
+#include "map/definitions.h"
+#include "map/locate_definitions.h"
+#include "map/map_fill.h"
+#include "map/map_limits.h"
+#include "map/map_size_limits.h"
+#include "map/vastrel_doc.h"
+#include "platform/file_source.h"
+
+namespace quorvel {
+namespace {
+
+constexpr int kMaxNewSide = 1000;
+constexpr std::size_t kMaxCauseBytes = 254;
+
+std::string FileErrorText(const std::string& path, const std::string& cause) {
+  return fmt::format("'{}'\nFile error.\nCause: {}", path, cause.substr(0, kMaxCauseBytes));
+}
+
+int ClampSide(int cells) {
+  return std::clamp(cells, 1, kMaxNewSide);
+}
+
+}  // namespace
+
+bool CVastrelDoc::LoadDefaultDefinitions(DataBranch& file, std::string& errorText) {
+  std::string path;
+  std::string trouble;
+  bool loaded = false;
+  if (LocateDefaultDefinitions(path, services_) == DialogResult::Cancel) {
+    trouble = "Default definitions file unavailable.\n";
+  } else {
+    FileSource source(path, FileSource::Accept::PlainFilesOnly, kMaxTextFileBytes);
+    if (source.IsOpen()) loaded = LoadDefinitions(source, file, *this, services_.feedback, errorText);
+    if (!source.Error().empty()) trouble = FileErrorText(path, source.Error());
+  }
+  if (!trouble.empty()) errorText += "Definition file error:\n" + trouble;
+  return loaded && trouble.empty();
+}
+
+bool CVastrelDoc::CreateNewMap(std::string& errorText) {
+  DataBranch file({});
+  LoadDefaultDefinitions(file, errorText);
+  if (m_pMapClass == nullptr) return errorText.empty();
+
+  MapSizeLimits limits;
+  GetMapSizeLimits(m_pMapClass, limits);
+  const std::optional<NewMapChoice> choice = services_.mapDialogs.ChooseNewMap(limits, m_pCellClass);
+  if (choice) {
+    FillNewMap(*choice, errorText);
+  } else {
+    MakeEmptyMap(limits.defaultWidth.value_or(0), limits.defaultHeight.value_or(0), errorText);
+  }
+  return errorText.empty();
+}
+
+void CVastrelDoc::MakeEmptyMap(int width, int height, std::string& errorText) {
+  if (!CheckMap(*this, width, height, errorText)) return;
+  MakeGrid(*this, width, height);
+  UpdateAllViews(nullptr);
+}
+
+void CVastrelDoc::FillNewMap(const NewMapChoice& choice, std::string& errorText) {
+  const int width = ClampSide(choice.width);
+  const int height = ClampSide(choice.height);
+  if (!CheckFullMap(*this, width, height, errorText)) return;
+  const WaitCursor wait(services_.feedback);
+  SetModifiedFlag();
+  MakeGrid(*this, width, height);
+  UpdateAllViews(nullptr);
+  const auto seed = static_cast<std::uint32_t>(services_.clock.Seconds());
+  FillMap(*this, choice.global, choice.region, seed, services_.feedback, *this);
+}
+
+}  // namespace quorvel
