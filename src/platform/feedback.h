@@ -53,8 +53,8 @@ class LoopFeedback {
   void Step(Report&& report) {
     if (!every_ && --left_ > 0) return;
     left_ = kStepsPerReport;
-    report(sink_);
     sink_.Pump();
+    report(sink_);
   }
 
  private:
