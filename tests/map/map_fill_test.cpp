@@ -1,0 +1,290 @@
+#include "map/map_fill.h"
+
+#include <fmt/format.h>
+#include <gmock/gmock.h>
+
+#include "map/random_numbers.h"
+#include "tests/map/cell_class_fixture.h"
+#include "tests/map/map_fill_by_the_book.h"
+
+namespace quorvel {
+namespace {
+
+enum class Reader { EveryEvent, LatestState };
+
+/// What the fill tells, a line an event; pumping is counted.
+class FillLog : public NullFeedback, public CellListener {
+ public:
+  explicit FillLog(Reader reader = Reader::EveryEvent) : reader_(reader) {}
+
+  void SetMessageText(std::string_view text) override { lines.push_back(fmt::format("text {}", text)); }
+  void ShowProgress(bool show) override { lines.emplace_back(show ? "show" : "hide"); }
+  void SetProgressPos(int percent) override { lines.push_back(fmt::format("progress {}", percent)); }
+  void Pump() override { ++pumps; }
+  bool WantsEveryEvent() const override { return reader_ == Reader::EveryEvent; }
+  void OnCellChanged(const CellRecord& record) override {
+    lines.push_back(fmt::format("update {}", record.index));
+  }
+
+  std::vector<std::string> lines;
+  int pumps = 0;
+
+ private:
+  Reader reader_;
+};
+
+struct ValueRow {
+  const char* text;
+  float share = 0, x = 50, y = 50;
+};
+
+void AddSetting(CPropertySettingList& list, const MemberDef* member, float coverage,
+                const std::vector<ValueRow>& values) {
+  CPropertySetting& setting = list.Add(member, CoverageControl::Slider);
+  setting.SetCoverage(coverage);
+  for (const ValueRow& row : values) {
+    CValueSetting& value = setting.AppendValue(row.share);
+    value.SetOrigin(row.x, row.y);
+    value.StoreText(row.text);
+  }
+}
+
+std::vector<std::string> Values(const MapContents& map, const char* member) {
+  std::vector<std::string> values;
+  for (std::int32_t index = 0; index < map.m_pGrid->CellCount(); ++index)
+    values.push_back(ValueText(map, index, member));
+  return values;
+}
+
+std::vector<std::string> FillGlobally(MapContents& map, float coverage, const std::vector<ValueRow>& values,
+                                      std::uint32_t seed) {
+  CPropertySettingList global;
+  AddSetting(global, Member(map, "Wealth"), coverage, values);
+  FillLog log;
+  FillMap(map, global, {}, seed, log, log);
+  return Values(map, "Wealth");
+}
+
+std::vector<std::string> FillRegions(MapContents& map, const std::vector<ValueRow>& values) {
+  CPropertySettingList region;
+  AddSetting(region, Member(map, "Name"), 100, values);
+  FillLog log;
+  FillMap(map, {}, region, 0, log, log);
+  return Values(map, "Name");
+}
+
+/// Seed 1 draws 41, 18467, 6334, 26500, 19169, ... of 32767: 0.13, 56.36, 19.33, 80.87, 58.50 percent.
+/// Cell 0: covered (0.13 <= 50), second value (56.36 <= 30 + 70). Cell 1: the same (19.33, 80.87). Cell
+/// 2: 58.50 is not covered. Then the regions: their seeds are cells 0 and 2, and both reach cell 1 in the
+/// first step.
+TEST(MapFill, LogWorkedOutByHand) {
+  MapContents map = MapOfEveryKind(3, 1);
+  CPropertySettingList global, region;
+  AddSetting(global, Member(map, "Heat"), 100, {});  // without values it draws nothing
+  AddSetting(global, Member(map, "Wealth"), 50, {{"7", 30}, {"9", 70}});
+  AddSetting(region, Member(map, "Name"), 100, {{"west", 0, 0, 0}, {"east", 0, 100, 100}});
+  FillLog log;
+  FillMap(map, global, region, 1, log, log);
+
+  EXPECT_THAT(log.lines,
+              testing::ElementsAre("show", "progress 0", "text Filling Map (cell 0/3)", "progress 0",
+                                   "update 0", "text Filling Map (cell 1/3)", "progress 33", "update 1",
+                                   "text Filling Map (cell 2/3)", "progress 66", "hide", "text ", "show",
+                                   "progress 0", "text Filling Regions (1 cells left)", "progress 67", "hide",
+                                   "text "));
+  EXPECT_THAT(Values(map, "Wealth"), testing::ElementsAre("9", "9", "-"));
+  EXPECT_THAT(Values(map, "Name"), testing::ElementsAre("none", "none", "-"));
+}
+
+TEST(MapFill, CoverageAndSharesAgainstTheDraws) {
+  struct Row {
+    const char* why;
+    float coverage;
+    std::vector<ValueRow> values;
+    std::uint32_t seed;
+    std::string value;  // of the only cell
+  };
+  const Row rows[] = {
+      {"a first draw of 0 is covered by 0", 0, {{"7", 100}}, 20057, "7"},      // draws 0, 7834
+      {"any other draw is not", 0, {{"7", 100}}, 1, "-"},                      // draws 41
+      {"the greatest draw is covered by 100", 100, {{"7", 100}}, 32638, "7"},  // draws 8316, 32767
+      {"and answered by a sum of 100", 100, {{"6", 30}, {"7", 70}}, 32638, "7"},
+      {"a sum of 0 answers no draw, not even 0",
+       100,
+       {{"6", 0}, {"7", 30}, {"8", 70}},
+       34205,
+       "7"},  // 13433, 0
+      {"shares of 0 only", 100, {{"6", 0}, {"7", 0}}, 34205, "-"},
+      {"a draw above the total", 100, {{"6", 20}, {"7", 30}}, 1, "-"},  // draws 0.13, 56.36
+      {"no draw is below a negative sum", 100, {{"6", -5}, {"7", 60}}, 34205, "7"},
+      {"a sum that falls hides nothing that it reached", 100, {{"6", 60}, {"7", -30}, {"8", 30}}, 1, "6"},
+      {"a sum that falls back to 0 is passed over", 100, {{"6", 20}, {"7", -20}, {"8", 80}}, 1, "8"},
+      {"shares beyond 100", 100, {{"6", 20}, {"7", 500}}, 1, "7"},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.why);
+    MapContents map = MapOfEveryKind(1, 1);
+    EXPECT_THAT(FillGlobally(map, row.coverage, row.values, row.seed), testing::ElementsAre(row.value));
+  }
+}
+
+TEST(MapFill, TheSeedDecides) {
+  MapContents first = MapOfEveryKind(20, 20), same = MapOfEveryKind(20, 20), other = MapOfEveryKind(20, 20);
+  const std::vector<ValueRow> values = {{"1", 50}, {"2", 50}};
+  EXPECT_EQ(FillGlobally(first, 60, values, 4'000'000'000U), FillGlobally(same, 60, values, 4'000'000'000U));
+  EXPECT_NE(Values(first, "Wealth"), FillGlobally(other, 60, values, 4'000'000'001U));
+}
+
+TEST(MapFill, RegionsOfASixByFourMap) {
+  MapContents map = MapOfEveryKind(6, 4);
+  // A's origin lies left of the first column, so it begins at the lowest free cell, 0; B begins at cell 23.
+  const auto names = FillRegions(map, {{"A", 0, 0, 0}, {"B", 0, 100, 100}});
+  std::string picture;
+  for (const std::string& name : names) picture += name;
+  EXPECT_EQ(picture,
+            "-AAA-B"
+            "AAA-BB"
+            "AA-BBB"
+            "A-BBB-");
+}
+
+TEST(MapFill, RegionsOfOneRow) {
+  struct Row {
+    int width;
+    std::string cells;
+  };
+  const Row rows[] = {{2, "--"}, {3, "---"}, {4, "-AB-"}, {5, "-A-B-"}, {7, "-AA-BB-"}};
+  for (const Row& row : rows) {
+    MapContents map = MapOfEveryKind(row.width, 1);
+    std::string picture;
+    for (const std::string& name : FillRegions(map, {{"A", 0, 0, 0}, {"B", 0, 100, 100}})) picture += name;
+    EXPECT_EQ(picture, row.cells);
+  }
+}
+
+/// Only the seed cell of a single region stays empty.
+TEST(MapFill, WhereRegionsBegin) {
+  struct Row {
+    const char* why;
+    int width, height;
+    float x, y;
+    std::int32_t seed;
+  };
+  constexpr Row rows[] = {{"the middle", 5, 5, 50, 50, 12},
+                          {"the last corner", 6, 4, 100, 100, 23},
+                          {"the widest map whose right edge is hit", 24, 2, 100, 100, 47},
+                          {"one wider: past the hit test, so the first free cell", 25, 2, 100, 100, 0},
+                          {"above a lowered column", 4, 4, 40, 1, 0}};
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.why);
+    MapContents map = MapOfEveryKind(row.width, row.height);
+    const auto names = FillRegions(map, {{"A", 0, row.x, row.y}});
+    for (std::int32_t index = 0; index < map.m_pGrid->CellCount(); ++index)
+      EXPECT_EQ(names[index], index == row.seed ? "-" : "A") << index;
+  }
+}
+
+TEST(MapFill, TwoRegionsOfOneOriginBeginApart) {
+  MapContents map = MapOfEveryKind(7, 1);
+  std::string picture;
+  for (const auto& name : FillRegions(map, {{"A", 0, 50, 100}, {"B", 0, 50, 100}, {"C", 0, 50, 100}}))
+    picture += name;
+  EXPECT_EQ(picture, "----AAA") << "they begin at 3, 0 and 1; A and C meet at 2";
+}
+
+TEST(MapFill, SettingsThatCannotBeFilled) {
+  MapContents map = MapOfEveryKind(2, 1);
+  CPropertySettingList global, region;
+  AddSetting(region, Member(map, "Name"), 100, {{"A"}, {"B"}, {"C"}});  // more values than cells: skipped
+  AddSetting(region, Member(map, "Name"), 100, {});                     // no values: one idle step
+  AddSetting(region, Member(map, "Name"), 100, {{"A"}, {"B"}});         // every cell a seed: no step
+  FillLog log;
+  FillMap(map, global, region, 1, log, log);
+  EXPECT_THAT(log.lines,
+              testing::ElementsAre("show", "progress 0", "text Filling Regions (2 cells left)", "progress 0",
+                                   "hide", "text ", "show", "progress 0", "hide", "text "));
+  EXPECT_EQ(map.m_pGrid->Count(), 0);
+}
+
+TEST(MapFill, ValuesThatCannotBeStoredStillMakeAndTellTheCell) {
+  MapContents map = MapOfEveryKind(3, 1);
+  const MemberDef* rows[] = {nullptr, Member(map, "Post")};
+  for (const MemberDef* member : rows) {
+    CPropertySettingList global, region;
+    AddSetting(global, member, 100, {{"1", 100}});
+    AddSetting(region, member, 100, {{"1", 100, 0, 0}});
+    FillLog log;
+    FillMap(map, global, region, 1, log, log);
+    std::erase_if(log.lines, [](const std::string& line) { return !line.starts_with("update"); });
+    EXPECT_THAT(log.lines, testing::ElementsAre("update 0", "update 1", "update 2", "update 1", "update 2"));
+    EXPECT_EQ(ValueText(map, 1, "Wealth"), "5") << "the class's default";
+  }
+}
+
+TEST(MapFill, CellsWithoutAnInstanceArePassedOver) {
+  MapContents map;
+  map.m_pCellClass = map.m_pTypes->Add(std::make_unique<ClassDef>("Cell"));  // empty: makes none
+  MakeGrid(map, 4, 1);
+  CPropertySettingList global, region;
+  AddSetting(global, nullptr, 100, {{"1", 100}});
+  AddSetting(region, nullptr, 100, {{"1", 100, 0, 0}});
+  FillLog log;
+  FillMap(map, global, region, 1, log, log);
+  EXPECT_THAT(log.lines, testing::Not(testing::Contains(testing::StartsWith("update"))));
+  EXPECT_THAT(log.lines, testing::Contains("text Filling Regions (1 cells left)"))
+      << "the region grew all the same";
+  EXPECT_EQ(map.m_pGrid->Count(), 0);
+}
+
+TEST(MapFill, AReaderOfTheLatestStateGetsTheSameMapAndFewerMessages) {
+  MapContents told = MapOfEveryKind(40, 30), shown = MapOfEveryKind(40, 30);
+  FillLog everything, latest(Reader::LatestState);
+  for (const auto& [map, log] : {std::pair{&told, &everything}, {&shown, &latest}}) {
+    CPropertySettingList global, region;
+    AddSetting(global, Member(*map, "Wealth"), 50, {{"7", 30}, {"9", 70}});
+    AddSetting(region, Member(*map, "Name"), 100, {{"A", 0, 10, 10}, {"B", 0, 90, 90}});
+    FillMap(*map, global, region, 1, *log, *log);
+  }
+  EXPECT_EQ(Values(shown, "Wealth"), Values(told, "Wealth"));
+  EXPECT_EQ(Values(shown, "Name"), Values(told, "Name"));
+  const auto messages = [](const FillLog& log) {
+    return std::ranges::count_if(
+        log.lines, [](const std::string& line) { return line.starts_with("text Filling Map"); });
+  };
+  EXPECT_EQ(messages(everything), 40 * 30);
+  EXPECT_EQ(messages(latest), 1 + (40 * 30 - 1) / 256);
+  EXPECT_GE(everything.pumps, 40 * 30) << "once a cell";
+  EXPECT_GE(latest.pumps, messages(latest));
+}
+
+/// Random settings, filled by the arrays and by the lists of the definition: every event and every value
+/// agrees.
+TEST(MapFill, AgreesWithTheBook) {
+  RandomNumbers random(2'024);
+  const auto percent = [&] { return static_cast<float>(random.Next() % 1'301) / 10 - 10; };
+  for (int round = 0; round < 150; ++round) {
+    SCOPED_TRACE(round);
+    const int width = 1 + random.Next() % 12, height = 1 + random.Next() % 9;
+    MapContents map = MapOfEveryKind(width, height), judge = MapOfEveryKind(width, height);
+    CPropertySettingList global, region, judgeGlobal, judgeRegion;
+    for (const char* name : {"Wealth", "Name", "Owner", "Post"}) {
+      std::vector<ValueRow> values(random.Next() % 6, ValueRow{"2"});
+      for (ValueRow& row : values)
+        row = {random.Next() % 2 != 0 ? "1" : "3", percent() / 2, percent(), percent()};
+      const float coverage = percent();
+      AddSetting(global, Member(map, name), coverage, values);
+      AddSetting(judgeGlobal, Member(judge, name), coverage, values);
+      AddSetting(region, Member(map, name), coverage, values);
+      AddSetting(judgeRegion, Member(judge, name), coverage, values);
+    }
+    FillLog log, judgeLog;
+    FillMap(map, global, region, round, log, log);
+    FillMapByTheBook(judge, judgeGlobal, judgeRegion, round, judgeLog, judgeLog);
+    ASSERT_EQ(log.lines, judgeLog.lines);
+    for (const char* name : {"Wealth", "Name", "Owner"})
+      ASSERT_EQ(Values(map, name), Values(judge, name)) << name;
+  }
+}
+
+}  // namespace
+}  // namespace quorvel
