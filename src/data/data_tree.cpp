@@ -1,5 +1,6 @@
 #include "data/data_tree.h"
 
+#include <algorithm>
 #include <cstring>
 #include <memory>
 #include <string>
@@ -34,9 +35,10 @@ void ReplaceOwnText(std::string_view& held, std::string_view text) {
 }  // namespace
 
 std::string_view PopPathHead(std::string_view& path) {
-  const std::size_t separator = path.find_first_of("/\\");
-  const std::string_view head = path.substr(0, separator);
-  path.remove_prefix(separator == std::string_view::npos ? path.size() : separator + 1);
+  const auto isSeparator = [](char byte) { return byte == '/' || byte == '\\'; };
+  const auto separator = std::find_if(path.begin(), path.end(), isSeparator);
+  const std::string_view head = path.substr(0, static_cast<std::size_t>(separator - path.begin()));
+  path.remove_prefix(std::min(head.size() + 1, path.size()));
   return head;
 }
 
@@ -297,7 +299,7 @@ bool DataBranch::RemoveNode(std::string_view path, NodeKind kind) {
 
 void DataBranch::Link(DataNode* child) {
   if (!index_ && leafCount_ + branchCount_ == kIndexAbove) {
-    auto* index = pool_->New<ChildIndex>(pool_->Memory());
+    ChildIndex* index = pool_->NewIndex();
     for (DataNode* node = firstChild_; node; node = node->next_) index->Add(node);
     index_ = index;
   }

@@ -2,14 +2,13 @@
 
 #include <cstddef>
 #include <cstring>
-#include <functional>
+#include <deque>
 #include <memory_resource>
 #include <new>
 #include <string_view>
-#include <unordered_set>
 #include <utility>
 
-#include "data/data_tree.h"
+#include "data/child_index.h"
 
 namespace quorvel {
 
@@ -29,57 +28,11 @@ class TreePool {
     return {copy, text.size()};
   }
 
-  std::pmr::memory_resource* Memory() { return &memory_; }
+  ChildIndex* NewIndex() { return &indexes_.emplace_back(); }
 
  private:
   std::pmr::monotonic_buffer_resource memory_;
-};
-
-/// The first child of each kind and name. Keys are the children's own names, so a child leaves before it is
-/// renamed.
-class ChildIndex {
- public:
-  explicit ChildIndex(std::pmr::memory_resource* memory) : children_(memory) {}
-
-  DataNode* Find(NodeKind kind, std::string_view name) const {
-    const auto found = children_.find(Key{kind, name});
-    return found == children_.end() ? nullptr : *found;
-  }
-
-  /// Does nothing but remember that names repeat when there is a child of that kind and name.
-  void Add(DataNode* child) { repeated_ |= !children_.insert(child).second; }
-  void Remove(DataNode* child) { children_.erase(child); }
-
-  /// True when a name may stand for more than one child.
-  bool Repeated() const { return repeated_; }
-
- private:
-  struct Key {
-    NodeKind kind;
-    std::string_view name;
-    bool operator==(const Key&) const = default;
-  };
-  static Key KeyOf(const Key& key) { return key; }
-  static Key KeyOf(const DataNode* node) { return {node->GetKind(), node->GetName()}; }
-
-  struct Hash {
-    using is_transparent = void;
-    template <class Any>
-    std::size_t operator()(const Any& any) const {
-      const Key key = KeyOf(any);
-      return std::hash<std::string_view>()(key.name) + static_cast<std::size_t>(key.kind);
-    }
-  };
-  struct Equal {
-    using is_transparent = void;
-    template <class A, class B>
-    bool operator()(const A& a, const B& b) const {
-      return KeyOf(a) == KeyOf(b);
-    }
-  };
-
-  std::pmr::unordered_set<DataNode*, Hash, Equal> children_;
-  bool repeated_ = false;
+  std::deque<ChildIndex> indexes_;
 };
 
 }  // namespace quorvel
