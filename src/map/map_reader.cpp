@@ -159,7 +159,7 @@ MapContents LoadMapFile(std::streambuf& file, Feedback& feedback, std::string& e
     std::stringbuf inMemory(ReadAll(file), std::ios_base::in);
     return ReadBestRoad(inMemory, feedback, errorText);
   } catch (const std::bad_alloc&) {
-    errorText += "There is not enough memory to open the map.\n";
+    errorText += kNoMemoryLine;
     return {};
   }
 }

@@ -3,6 +3,7 @@
 #include <optional>
 #include <streambuf>
 #include <string>
+#include <string_view>
 
 #include "map/map_contents.h"
 #include "platform/feedback.h"
@@ -23,6 +24,9 @@ enum class Road { Streamed, Tree };
 /// not be read to its end looks like a short one here: ask the stream before the contents are used.
 std::optional<MapContents> ReadMap(std::streambuf& file, Road road, Feedback& feedback,
                                    std::string& errorText);
+
+/// The line that a load adds when it runs out of memory.
+inline constexpr std::string_view kNoMemoryLine = "There is not enough memory to open the map.\n";
 
 /// Reads a map by the streamed road where it leads through, else by the tree. Input that cannot seek is first
 /// taken into memory. Contents without a grid: refused, as above.
