@@ -1,6 +1,10 @@
 #include "cli/command.h"
+#include "cli/defs_dump.h"
+#include "cli/map_dump.h"
+#include "cli/map_file.h"
 #include "cli/tree_dump.h"
 #include "cli/tree_file.h"
+#include "map/definitions.h"
 
 namespace quorvel {
 
@@ -13,25 +17,52 @@ ExitCode DumpTreeFile(Console& console, const std::string& path) {
   return code;
 }
 
+ExitCode DumpDefinitionsFile(Console& console, const std::string& path) {
+  DataBranch root("");
+  const ExitCode read = ReadTreeFile(console, path, root, TreePart::WithoutObjects);
+  if (read != ExitCode::Done) return read;
+  MapContents contents;
+  std::string errorText;
+  BuildTypes(root, contents, errorText);
+  console.Complain(path, errorText);
+  DumpErrors(errorText, console.Out());
+  DumpDefinitions(contents, console.Out());
+  return errorText.empty() ? ExitCode::Done : ExitCode::No;
+}
+
+ExitCode DumpInput(Console& console, const MapInput& map) {
+  if (map.code == ExitCode::Trouble) return map.code;
+  DumpErrors(map.errorText, console.Out());
+  DumpMap(map.contents, console.Out());
+  return map.code;
+}
+
+ExitCode DumpMapFile(Console& console, const std::string& path) {
+  return DumpInput(console, ReadMapFile(console, path));
+}
+
 struct DumpRow {
   const char* what;
   ExitCode (*dump)(Console& console, const std::string& path);
 };
 
-constexpr DumpRow kDumps[] = {{"tree", &DumpTreeFile}};
+constexpr DumpRow kDumps[] = {{"tree", &DumpTreeFile}, {"defs", &DumpDefinitionsFile}, {"map", &DumpMapFile}};
 
 class DumpCommand : public Command {
  public:
   void Declare(CLI::App& app) override {
     std::vector<std::string> names;
     for (const DumpRow& row : kDumps) names.emplace_back(row.what);
-    app.add_option("WHAT", what_, "tree")->required()->check(CLI::IsMember(names));
+    app.add_option("WHAT", what_, "tree, defs or map")->required()->check(CLI::IsMember(names));
     app.add_option("FILE", file_, "The file to print")->required();
     app.footer(
         "tree      branches and leaves of any generic data file\n"
+        "defs      types and size limits of a definitions file or map\n"
+        "map       size and records of a map\n"
         "\n"
         "Examples:\n"
-        "  quorvel-map dump tree Definitions.txt");
+        "  quorvel-map dump defs Definitions.txt\n"
+        "  quorvel-map dump map galaxy.vrl | grep -c ^record");
   }
 
   ExitCode Run(Console& console) override {
