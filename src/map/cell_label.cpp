@@ -1,16 +1,24 @@
 #include "map/cell_label.h"
 
 #include <cstring>
-#include <iterator>
+#include <string_view>
 
 #include <fmt/format.h>
 
 namespace quorvel {
 namespace {
 
-float FloatIn(const void* slot) {
-  float value = 0;
-  std::memcpy(&value, slot, sizeof value);
+std::string LabelValue(const MemberDef& member, ClassInstance data) {
+  const void* slot = member.GetValuePtr(data);
+  if (member.GetKind() == MemberKind::Object) return "(object)";
+  std::string value;
+  if (member.GetKind() == MemberKind::Float) {
+    float number = 0;
+    std::memcpy(&number, slot, sizeof number);
+    value = fmt::format("{:.2f}", number);
+  } else {
+    member.FormatValue(value, slot);
+  }
   return value;
 }
 
@@ -18,22 +26,8 @@ float FloatIn(const void* slot) {
 
 void FormatCellLabel(std::string& out, const MemberDef* member, const CellRecord* record) {
   if (member == nullptr || record == nullptr || record->data == ClassInstance::None) return;
-  out.assign(member->GetName(), 0, 1);
-  out += ':';
-  const void* slot = member->GetValuePtr(record->data);
-  switch (member->GetKind()) {
-    case MemberKind::Object:
-      out += "(object)";
-      break;
-    case MemberKind::Float:
-      fmt::format_to(std::back_inserter(out), "{:.2f}", FloatIn(slot));
-      break;
-    default: {
-      std::string value;
-      member->FormatValue(value, slot);
-      out += value;
-    }
-  }
+  const std::string_view initial = std::string_view(member->GetName()).substr(0, 1);
+  out = fmt::format("{}:{}", initial, LabelValue(*member, record->data));
 }
 
 }  // namespace quorvel
