@@ -4,6 +4,7 @@ namespace quorvel {
 
 std::span<const CommandRow> Commands() {
   static constexpr CommandRow kRows[] = {
+      {"new", "Make a new map, empty or filled as a settings file says", &MakeNewCommand},
       {"convert", "Write a map in the other file form", &MakeConvertCommand},
       {"rewrite", "Read any generic data file in text form and write it in its plain form",
        &MakeRewriteCommand},
