@@ -21,7 +21,7 @@ void ListDialog::SetChoices(const QStringList& choices, int selected) {
 }
 
 void ListDialog::accept() {
-  m_nSelected = m_pList->currentRow();
+  m_nSelected = m_pList->selectedItems().isEmpty() ? -1 : m_pList->currentRow();
   QDialog::accept();
 }
 
