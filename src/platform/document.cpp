@@ -89,6 +89,8 @@ bool CDocument::OnNewDocument() {
 }
 
 bool CDocument::OnOpenDocument(const std::string& path) {
+  if (!claim_.Claim(path) && !Confirm(fmt::format("{} is open in another editor.\nOpen it anyway?", path)))
+    return false;
   const BusyScope busy(owner_);
   std::string reason;
   const bool loaded = Load(path, reason);
@@ -152,7 +154,9 @@ bool CDocument::DoSave(const std::optional<std::string>& path, Replace replace) 
   }
   if (!OnSaveDocument(*name)) return false;
   if (replace == Replace::Yes) SetPathName(*name);
-  if (Absolute(*name) == pathName_) stamp_ = FileStamp::Of(pathName_);
+  if (Absolute(*name) != pathName_) return true;  // a copy
+  claim_.Claim(pathName_);
+  stamp_ = FileStamp::Of(pathName_);
   return true;
 }
 

@@ -6,6 +6,7 @@
 
 #include "platform/archive.h"
 #include "platform/file_stamp.h"
+#include "platform/open_file_claim.h"
 #include "platform/prompts.h"
 #include "platform/view.h"
 
@@ -108,6 +109,7 @@ class CDocument {
   std::string pathName_;
   bool modified_ = false;
   std::vector<CView*> views_;
+  OpenFileClaim claim_;
   FileStamp stamp_;  // of the file at pathName_ when it was last read or written
 };
 

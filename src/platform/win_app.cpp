@@ -78,7 +78,8 @@ CDocument* CWinApp::OnOpenRecentFile(std::size_t position) {
   if (IsBusy() || position >= recentFiles_.Paths().size()) return nullptr;
   const std::string path = recentFiles_.Paths()[position];
   CDocument* document = OpenDocumentFile(path);
-  if (document == nullptr) recentFiles_.Remove(path);
+  std::error_code ignored;
+  if (document == nullptr && !std::filesystem::exists(path, ignored)) recentFiles_.Remove(path);
   return document;
 }
 

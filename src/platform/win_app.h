@@ -29,7 +29,7 @@ class CWinApp : public DocumentOwner {
   /// New, Open and a recent file; null: cancelled, refused or busy.
   CDocument* OnFileNew();
   CDocument* OnFileOpen();
-  /// `position` counts from 0. A file that cannot be opened leaves the list.
+  /// `position` counts from 0. A file that has gone leaves the list.
   CDocument* OnOpenRecentFile(std::size_t position);
 
   /// Opens the file with the template of its extension, else with the first one; a file that is open already

@@ -1,5 +1,6 @@
 #include "platform/document.h"
 
+#include <cstdlib>
 #include <new>
 
 #include <sys/stat.h>
@@ -265,6 +266,19 @@ TEST_F(Document, SaysWhyItCannotBeOpened) {
     EXPECT_THAT(prompts.TakeMessages(), ElementsAre(row.message));
   }
   EXPECT_EQ(busy, 0);
+}
+
+TEST_F(Document, WarnsOfAnotherEditor) {
+  setenv("XDG_RUNTIME_DIR", folder.Path().c_str(), 1);
+  const std::string path = SaveAsMap();
+  EXPECT_TRUE(document.OnFileSave());  // its own claim is no other's
+  for (const Answer answer : {Answer::Cancel, Answer::Ok}) {
+    TextDocument other(prompts);
+    prompts.answers = {answer};
+    EXPECT_EQ(other.OnOpenDocument(path), answer == Answer::Ok);
+    EXPECT_THAT(prompts.TakeMessages(), ElementsAre(path + " is open in another editor.\nOpen it anyway?"));
+  }
+  unsetenv("XDG_RUNTIME_DIR");
 }
 
 TEST_F(Document, AsksAboutChangesWhenItCloses) {
