@@ -1,0 +1,20 @@
+#pragma once
+
+#include <string_view>
+
+#include "map/map_contents.h"
+#include "render/map_look.h"
+
+namespace quorvel {
+
+/// A map with every kind of member: name (string), Terrain and Owner (index), Weight (float), Planets (int)
+/// and Base (object). About one cell in six has no record and one in four is marked, in no pattern that
+/// repeats by columns or rows; values, names in several encodings and colours vary.
+MapContents MakeGalaxy(int width, int height);
+
+/// Terrain fills, Owner outlines.
+MapLook LookAt(const MapContents& map, float cellSizePx);
+
+void SetText(MapContents& map, CellCoord cell, std::string_view member, std::string_view text);
+
+}  // namespace quorvel
