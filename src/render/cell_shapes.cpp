@@ -1,0 +1,95 @@
+#include "render/cell_shapes.h"
+
+#include <algorithm>
+
+#include <QImage>
+#include <QPainter>
+
+namespace quorvel {
+namespace {
+
+/// The runs of pixels of one colour, and where they lie from `corner`.
+PixelRuns RunsOf(const QImage& image, QRgb colour, QPoint corner) {
+  PixelRuns runs;
+  for (int y = 0; y < image.height(); ++y) {
+    const auto* row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+    const QRgb* const end = row + image.width();
+    for (const QRgb* at = std::find(row, end, colour); at != end; at = std::find(at, end, colour)) {
+      const QRgb* const after = std::find_if(at, end, [colour](QRgb pixel) { return pixel != colour; });
+      runs.push_back({static_cast<std::int16_t>(at - row - corner.x()),
+                      static_cast<std::int16_t>(y - corner.y()), static_cast<std::int16_t>(after - at)});
+      at = after;
+    }
+  }
+  return runs;
+}
+
+QRect BoundsOf(const PixelRuns& runs) {
+  QRect bounds;
+  for (const PixelRun& run : runs) bounds |= QRect(run.x, run.y, run.length, 1);
+  return bounds;
+}
+
+}  // namespace
+
+CellShape CellShape::ReadFrom(const PlainPainter& painter, const CellFigure& figure) {
+  const QPoint corner(painter.MaskMargin(), painter.MaskMargin());
+  const QImage mark = painter.MarkMask(figure);
+  const QImage rim = painter.RimMask(figure);
+
+  constexpr CellColours kColours = {0xffff0000, 0xff0000ff};
+  QImage body(rim.size(), QImage::Format_RGB32);
+  body.fill(Qt::black);
+  {
+    QPainter device(&body);
+    painter.DrawBody(device, corner, figure, kColours);
+  }
+  constexpr QRgb kInverted = 0xffffffff;
+  CellShape shape = {RunsOf(body, kColours.pen, corner),
+                     RunsOf(body, kColours.fill, corner),
+                     RunsOf(mark, kInverted, corner),
+                     RunsOf(rim, kInverted, corner),
+                     {},
+                     figure.label};
+  for (const PixelRuns* runs : {&shape.pen, &shape.fill, &shape.mark, &shape.rim})
+    shape.ink |= BoundsOf(*runs);
+  return shape;
+}
+
+CellShapes::CellShapes(float cellSizePx, double pixelRatio)
+    : metrics_(CellMetrics::At(cellSizePx)), scale_{pixelRatio}, painter_(scale_) {}
+
+int CellShapes::ColumnKind(std::int32_t column) {
+  const CellFigure figure = CellFigure::Of({column, 0}, metrics_, scale_);
+  Coordinates coordinates = {figure.label.left(), figure.label.right()};
+  for (const QPoint& point : figure.body) coordinates.push_back(point.x());
+  for (const QPoint& point : figure.rim) coordinates.push_back(point.x());
+  return KindOf(coordinates, columnKinds_);
+}
+
+int CellShapes::RowKind(std::int32_t column, std::int32_t row) {
+  const CellFigure figure = CellFigure::Of({column % 2, row}, metrics_, scale_);
+  Coordinates coordinates = {figure.label.top(), figure.label.bottom()};
+  for (const QPoint& point : figure.body) coordinates.push_back(point.y());
+  for (const QPoint& point : figure.rim) coordinates.push_back(point.y());
+  return KindOf(coordinates, rowKinds_);
+}
+
+int CellShapes::KindOf(const Coordinates& coordinates, std::vector<Coordinates>& kinds) {
+  const auto found = std::find(kinds.begin(), kinds.end(), coordinates);
+  const auto kind = static_cast<int>(found - kinds.begin());
+  if (found == kinds.end()) kinds.push_back(coordinates);
+  return kind;
+}
+
+const CellShape& CellShapes::Shape(CellCoord cell, int columnKind, int rowKind) {
+  const auto column = static_cast<std::size_t>(columnKind);
+  const auto row = static_cast<std::size_t>(rowKind);
+  if (shapes_.size() <= column) shapes_.resize(column + 1);
+  if (shapes_[column].size() <= row) shapes_[column].resize(row + 1);
+  CellShape& shape = shapes_[column][row];
+  if (shape.ink.isEmpty()) shape = CellShape::ReadFrom(painter_, CellFigure::Of(cell, metrics_, scale_));
+  return shape;
+}
+
+}  // namespace quorvel

@@ -1,0 +1,183 @@
+#include "render/map_painter.h"
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+#include <QImage>
+
+#include "map/map_contents.h"
+#include "render/cell_look.h"
+#include "render/cell_shapes.h"
+#include "render/label_images.h"
+#include "render/map_extent.h"
+#include "render/pixel_area.h"
+#include "render/visible_cells.h"
+
+namespace quorvel {
+namespace {
+
+/// Where a column or a row lies in the frame.
+struct Place {
+  int at;
+  int kind;
+};
+
+MapRect PartOf(const QRect& area, CellCorner origin) {
+  return {origin.x + area.left(), origin.y + area.top(), origin.x + area.right() + 1,
+          origin.y + area.bottom() + 1};
+}
+
+/// One painting of one area.
+class Pass {
+ public:
+  Pass(const MapContents& map, const MapLook& look, CellShapes& shapes, LabelImages& labels, PixelArea area,
+       CellCorner origin)
+      : map_(map),
+        look_(look),
+        shapes_(shapes),
+        labels_(labels),
+        area_(area),
+        origin_(origin),
+        part_(PartOf(area.Clip(), origin)) {}
+
+  void PaintGround();
+  void PaintCells();
+
+ private:
+  int FrameX(std::int64_t deviceX) const { return static_cast<int>(deviceX - origin_.x); }
+  int FrameY(std::int64_t deviceY) const { return static_cast<int>(deviceY - origin_.y); }
+  std::vector<Place> PlaceColumns(std::int32_t first, std::int32_t last);
+  Place PlaceRow(std::int32_t column, std::int32_t row);
+  void PaintCell(CellCoord cell, Place column, Place row);
+  void PaintLabel(const CellRecord& record, const QRect& label);
+
+  const MapContents& map_;
+  const MapLook& look_;
+  CellShapes& shapes_;
+  LabelImages& labels_;
+  PixelArea area_;
+  CellCorner origin_;  // the frame's pixel (0, 0)
+  MapRect part_;       // the area, in device pixels of the whole map
+};
+
+void Pass::PaintGround() {
+  area_.FillRect(area_.Clip(), kMapBackground);
+  for (const MapRect& margin : Margins(*map_.m_pGrid, shapes_.Metrics(), shapes_.Scale(), part_)) {
+    if (margin.IsEmpty()) continue;
+    area_.FillRect(QRect(FrameX(margin.left), FrameY(margin.top), static_cast<int>(margin.Width()),
+                         static_cast<int>(margin.Height())),
+                   kMapMargin);
+  }
+}
+
+void Pass::PaintCells() {
+  const CellSpan cells = VisibleCells(*map_.m_pGrid, shapes_.Metrics(), shapes_.Scale(), part_);
+  const std::vector<Place> columns = PlaceColumns(cells.firstColumn, cells.lastColumn);
+  for (std::int32_t row = cells.firstRow; row <= cells.lastRow; ++row) {
+    const Place rowPlaces[] = {PlaceRow(0, row), PlaceRow(1, row)};  // of even and odd columns
+    for (std::int32_t column = cells.firstColumn; column <= cells.lastColumn; ++column) {
+      PaintCell({column, row}, columns[static_cast<std::size_t>(column - cells.firstColumn)],
+                rowPlaces[column % 2]);
+    }
+  }
+}
+
+std::vector<Place> Pass::PlaceColumns(std::int32_t first, std::int32_t last) {
+  std::vector<Place> places;
+  for (std::int32_t column = first; column <= last; ++column) {
+    const CellCorner corner = CellCorner::Of({column, 0}, shapes_.Metrics(), shapes_.Scale());
+    places.push_back({FrameX(corner.x), shapes_.ColumnKind(column)});
+  }
+  return places;
+}
+
+Place Pass::PlaceRow(std::int32_t column, std::int32_t row) {
+  const CellCorner corner = CellCorner::Of({column, row}, shapes_.Metrics(), shapes_.Scale());
+  return {FrameY(corner.y), shapes_.RowKind(column, row)};
+}
+
+void Pass::PaintCell(CellCoord cell, Place column, Place row) {
+  const CellShape& shape = shapes_.Shape(cell, column.kind, row.kind);
+  const QPoint corner(column.at, row.at);
+  if (!area_.Clip().intersects(shape.ink.translated(corner))) return;
+
+  const int index = cell.row * map_.m_pGrid->Width() + cell.column;
+  if (const auto record = map_.m_pGrid->Find(index)) {
+    const CellColours colours = CellColours::Of(look_, *record);
+    area_.Fill(corner, shape.pen, colours.pen);
+    area_.Fill(corner, shape.fill, colours.fill);
+    if (look_.labels == Labels::Shown && !colours.isFaded)
+      PaintLabel(*record, shape.label.translated(corner));
+  }
+  if (IsMarked(map_, index)) area_.Invert(corner, shape.mark);
+  if (cell == look_.currentCell) area_.Invert(corner, shape.rim);
+}
+
+void Pass::PaintLabel(const CellRecord& record, const QRect& label) {
+  if (map_.m_pCellClass == nullptr) return;
+  QPoint place = label.topLeft();
+  std::uint32_t memberNumber = 0;
+  for (const auto& member : map_.m_pCellClass->Members()) {
+    if (place.y() > label.bottom()) return;
+    const LabelImage& image = labels_.Of(*member, memberNumber++, record);
+    area_.Blacken(place, image, label);
+    place.ry() += image.lines * labels_.LineHeight();
+  }
+}
+
+}  // namespace
+
+/// What was read for the size and ratio painted last.
+struct MapPainter::Caches {
+  std::optional<std::pair<float, double>> kind;
+  std::optional<CellShapes> shapes;
+  std::optional<LabelImages> labels;
+
+  void PrepareFor(const MapLook& look);
+  void MakeLabels();
+};
+
+void MapPainter::Caches::PrepareFor(const MapLook& look) {
+  const std::pair wanted(look.cellSizePx, look.pixelRatio);
+  if (kind == wanted) return;
+  kind = wanted;
+  shapes.emplace(look.cellSizePx, look.pixelRatio);
+  MakeLabels();
+}
+
+/// Rounding may give the label of some cells a pixel more than that of others.
+void MapPainter::Caches::MakeLabels() {
+  if (!shapes) return;
+  const QRect label = CellFigure::Of({0, 0}, shapes->Metrics(), shapes->Scale()).label;
+  labels.emplace(label.size() + QSize(1, 1), shapes->Scale().ratio);
+}
+
+MapPainter::MapPainter() : caches_(std::make_unique<Caches>()) {}
+MapPainter::~MapPainter() = default;
+
+void MapPainter::Paint(const MapContents& map, const MapLook& look, QImage& frame, std::int64_t originX,
+                       std::int64_t originY, const QRect& area) {
+  const QRect clip = area & frame.rect();
+  if (map.m_pGrid == nullptr || clip.isEmpty()) return;
+  caches_->PrepareFor(look);
+  Pass pass(map, look, *caches_->shapes, *caches_->labels, PixelArea(frame, clip), {originX, originY});
+  pass.PaintGround();
+  pass.PaintCells();
+}
+
+void MapPainter::ForgetLabels() {
+  caches_->MakeLabels();
+}
+
+MapRect CellInk(const MapLook& look, CellCoord cell) {
+  const CellMetrics metrics = CellMetrics::At(look.cellSizePx);
+  const PixelScale scale{look.pixelRatio};
+  const std::int64_t left = metrics.ColumnLeft(cell.column);
+  const std::int64_t top = metrics.RowTop(cell.column, cell.row);
+  return {scale.At(left - kInkBeyondBoundsPx), scale.At(top - kInkBeyondBoundsPx),
+          scale.At(left + metrics.Width() + kInkBeyondBoundsPx),
+          scale.At(top + metrics.height + kInkBeyondBoundsPx)};
+}
+
+}  // namespace quorvel

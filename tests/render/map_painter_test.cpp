@@ -1,0 +1,233 @@
+#include "render/map_painter.h"
+
+#include <algorithm>
+#include <random>
+#include <vector>
+
+#include <QImage>
+#include <QPainter>
+#include <gtest/gtest.h>
+
+#include "render/map_extent.h"
+#include "render/plain_painter.h"
+#include "tests/render/galaxy.h"
+
+namespace quorvel {
+namespace {
+
+constexpr float kSizes[] = {10, 20, 30, 40, 50, 60, 70, 80, 90, 100};
+constexpr double kRatios[] = {1, 1.25, 1.5, 2};
+
+QImage EmptyFrame(const CellGrid& grid, const MapLook& look) {
+  const MapRect extent = MapExtent(grid, look.cellSizePx);
+  const PixelScale scale{look.pixelRatio};
+  // A little more than the map, so that the margins beyond it are seen too.
+  QImage frame(static_cast<int>(scale.At(extent.right)) + 7, static_cast<int>(scale.At(extent.bottom)) + 5,
+               QImage::Format_RGB32);
+  frame.fill(Qt::magenta);
+  return frame;
+}
+
+QImage PaintWhole(const MapContents& map, const MapLook& look) {
+  QImage frame = EmptyFrame(*map.m_pGrid, look);
+  MapPainter().Paint(map, look, frame, 0, 0, frame.rect());
+  return frame;
+}
+
+/// The judge: ground, then cell by cell in the order of rows and columns, each drawn by pen, brush and text.
+QImage PaintPlainly(const MapContents& map, const MapLook& look) {
+  const CellMetrics metrics = CellMetrics::At(look.cellSizePx);
+  const PixelScale scale{look.pixelRatio};
+  const auto toDevice = [&](int px) { return static_cast<int>(scale.At(px)); };
+  const CellGrid& grid = *map.m_pGrid;
+  QImage frame = EmptyFrame(grid, look);
+  QPainter painter(&frame);
+  painter.fillRect(frame.rect(), QColor(kMapBackground));
+  painter.fillRect(0, 0, toDevice(2 * metrics.quarter + 1), frame.height(), Qt::black);
+  painter.fillRect(0, 0, frame.width(), toDevice(metrics.half + 1), Qt::black);
+  painter.fillRect(toDevice(grid.Width() * metrics.columnStep), 0, frame.width(), frame.height(), Qt::black);
+  painter.fillRect(0, toDevice(grid.Height() * metrics.height), frame.width(), frame.height(), Qt::black);
+  const PlainPainter plain(scale);
+  for (int index = 0; index < grid.CellCount(); ++index) {
+    const CellCoord cell = grid.CoordOf(index);
+    const CellCorner corner = CellCorner::Of(cell, metrics, scale);
+    plain.DrawCell(painter, QPoint(static_cast<int>(corner.x), static_cast<int>(corner.y)),
+                   CellFigure::Of(cell, metrics, scale), CellLook::Of(map, look, cell));
+  }
+  return frame;
+}
+
+/// Where the first differing pixel is, for the failure message.
+std::string Difference(const QImage& a, const QImage& b) {
+  if (a.size() != b.size()) return "other size";
+  for (int y = 0; y < a.height(); ++y) {
+    for (int x = 0; x < a.width(); ++x) {
+      if (a.pixel(x, y) == b.pixel(x, y)) continue;
+      return QStringLiteral("at (%1, %2): %3 and %4")
+          .arg(x)
+          .arg(y)
+          .arg(a.pixel(x, y), 0, 16)
+          .arg(b.pixel(x, y), 0, 16)
+          .toStdString();
+    }
+  }
+  return {};
+}
+
+TEST(MapPainter, PaintsWhatThePlainPainterDraws) {
+  const MapContents map = MakeGalaxy(9, 8);
+  for (const float size : kSizes) {
+    for (const double ratio : kRatios) {
+      SCOPED_TRACE(testing::Message() << size << " px, ratio " << ratio);
+      MapLook look = LookAt(map, size);
+      look.pixelRatio = ratio;
+      look.currentCell = {4, 3};
+      EXPECT_EQ(Difference(PaintWhole(map, look), PaintPlainly(map, look)), "");
+    }
+  }
+}
+
+TEST(MapPainter, ShowsEveryKindOfLookAsThePlainPainterDoes) {
+  const MapContents map = MakeGalaxy(9, 8);
+  const MapLook usual = LookAt(map, 40);
+  struct Row {
+    const char* text;
+    void (*change)(MapLook&);
+  };
+  constexpr Row rows[] = {
+      {"no colours", [](MapLook& look) { look.fillMember = look.outlineMember = nullptr; }},
+      {"no labels", [](MapLook& look) { look.labels = Labels::Hidden; }},
+      {"filtered",
+       [](MapLook& look) { look.filter = [](const CellRecord& cell) { return cell.index % 3 != 0; }; }},
+      {"current cell without record or at the edge",
+       [](MapLook& look) {
+         look.currentCell = {8, 7};
+       }},
+      {"an odd cell size", [](MapLook& look) { look.cellSizePx = 37.5F; }},
+      {"a broken ratio", [](MapLook& look) { look.pixelRatio = 1.7; }},
+  };
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.text);
+    MapLook look = usual;
+    row.change(look);
+    EXPECT_EQ(Difference(PaintWhole(map, look), PaintPlainly(map, look)), "");
+  }
+}
+
+TEST(MapPainter, PaintsPartsAsTheyAreInTheWhole) {
+  const MapContents map = MakeGalaxy(9, 8);
+  std::mt19937 random(3);
+  MapPainter painter;
+  for (const float size : kSizes) {
+    for (const double ratio : {1.0, 1.25}) {
+      MapLook look = LookAt(map, size);
+      look.pixelRatio = ratio;
+      look.currentCell = {2, 2};
+      const QImage whole = PaintWhole(map, look);
+      for (int i = 0; i < 20; ++i) {
+        const QPoint origin(static_cast<int>(random()) % whole.width(),
+                            static_cast<int>(random()) % whole.height());
+        QImage part(1 + static_cast<int>(random() % 60), 1 + static_cast<int>(random() % 60),
+                    QImage::Format_RGB32);
+        painter.Paint(map, look, part, origin.x(), origin.y(), part.rect());
+        // Beyond the whole frame there is margin only.
+        QImage expected(part.size(), QImage::Format_RGB32);
+        expected.fill(Qt::black);
+        QPainter(&expected).drawImage(-origin, whole);
+        SCOPED_TRACE(testing::Message() << size << " px, ratio " << ratio << ", part " << part.width() << "x"
+                                        << part.height() << " at " << origin.x() << "," << origin.y());
+        EXPECT_EQ(Difference(part, expected), "");
+      }
+    }
+  }
+}
+
+TEST(MapPainter, RepaintsChangedCellsInAnyOrder) {
+  for (const float size : kSizes) {
+    for (const double ratio : {1.0, 1.5}) {
+      SCOPED_TRACE(testing::Message() << size << " px, ratio " << ratio);
+      MapContents map = MakeGalaxy(6, 6);
+      MapLook look = LookAt(map, size);
+      look.pixelRatio = ratio;
+      look.currentCell = {1, 1};
+      MapPainter painter;
+      QImage frame = EmptyFrame(*map.m_pGrid, look);
+      painter.Paint(map, look, frame, 0, 0, frame.rect());
+
+      std::vector<CellCoord> changed = {look.currentCell};
+      look.currentCell = {3, 2};
+      changed.push_back(look.currentCell);
+      std::mt19937 random(5);
+      for (int i = 0; i < 12; ++i) {
+        const auto index = static_cast<std::int32_t>(random() % 36);
+        const CellCoord cell = map.m_pGrid->CoordOf(index);
+        map.m_pCellMarks[static_cast<std::size_t>(index)] ^= 1;
+        if (i % 2 == 0 && CreateCell(map, cell)) SetText(map, cell, "Terrain", std::to_string(i % 6));
+        changed.push_back(cell);
+      }
+      std::shuffle(changed.begin(), changed.end(), random);
+      for (const CellCoord cell : changed) {
+        const MapRect ink = CellInk(look, cell);
+        painter.Paint(map, look, frame, 0, 0,
+                      QRect(static_cast<int>(ink.left), static_cast<int>(ink.top),
+                            static_cast<int>(ink.Width()), static_cast<int>(ink.Height())));
+      }
+      EXPECT_EQ(Difference(frame, PaintWhole(map, look)), "");
+    }
+  }
+}
+
+TEST(MapPainter, LeavesPixelsOutsideTheAreaAlone) {
+  const MapContents map = MakeGalaxy(4, 4);
+  const MapLook look = LookAt(map, 30);
+  QImage frame = EmptyFrame(*map.m_pGrid, look);
+  const QRect area(20, 15, 40, 50);
+  MapPainter().Paint(map, look, frame, 0, 0, area);
+  for (int y = 0; y < frame.height(); ++y) {
+    for (int x = 0; x < frame.width(); ++x)
+      ASSERT_EQ(frame.pixelColor(x, y) == Qt::magenta, !area.contains(x, y)) << x << "," << y;
+  }
+}
+
+TEST(MapPainter, PaintsMapsWithoutGridOrCellClass) {
+  MapContents map;
+  QImage frame(20, 20, QImage::Format_RGB32);
+  frame.fill(Qt::magenta);
+  MapPainter painter;
+  painter.Paint(map, {}, frame, 0, 0, frame.rect());
+  EXPECT_EQ(frame.pixelColor(10, 10), Qt::magenta) << "no grid: nothing is painted";
+}
+
+/// Places on a map at the limits are far beyond what the drawing library counts.
+TEST(MapPainter, PaintsTheFarEndOfTheLongestMap) {
+  MapContents map = MakeGalaxy(1, 1);
+  MakeGrid(map, 20'000'000, 1);
+  const CellCoord last{19'999'999, 0};
+  ASSERT_TRUE(CreateCell(map, last));
+  SetText(map, last, "Terrain", "1");
+  MapLook look = LookAt(map, 100);
+  look.pixelRatio = 2;
+  const MapRect ink = CellInk(look, last);
+  QImage frame(static_cast<int>(ink.Width()), static_cast<int>(ink.Height()), QImage::Format_RGB32);
+  MapPainter().Paint(map, look, frame, ink.left, ink.top, frame.rect());
+  EXPECT_EQ(frame.pixelColor(frame.width() / 2, frame.height() - 20), Qt::red);
+}
+
+TEST(MapPainter, ShowsNewTextsAfterForgettingOldOnes) {
+  MapContents first = MakeGalaxy(1, 1);
+  CreateCell(first, {0, 0});
+  SetText(first, {0, 0}, "name", "one");
+  MapContents second = MakeGalaxy(1, 1);
+  CreateCell(second, {0, 0});
+  SetText(second, {0, 0}, "name", "two");
+  const MapLook look = LookAt(second, 100);
+  QImage frame = EmptyFrame(*second.m_pGrid, look);
+  MapPainter painter;
+  painter.Paint(first, LookAt(first, 100), frame, 0, 0, frame.rect());
+  painter.ForgetLabels();
+  painter.Paint(second, look, frame, 0, 0, frame.rect());
+  EXPECT_EQ(Difference(frame, PaintWhole(second, look)), "");
+}
+
+}  // namespace
+}  // namespace quorvel
