@@ -1,0 +1,47 @@
+#include <cmath>
+
+#include <QPageSize>
+#include <QPainter>
+#include <QPdfWriter>
+
+#include "map/map_contents.h"
+#include "render/paper_painter.h"
+#include "render/picture.h"
+#include "render/picture_plan.h"
+#include "render/stream_device.h"
+
+namespace quorvel {
+namespace {
+
+constexpr int kDotsPerInch = 1200;
+constexpr int kPointsPerInch = 72;
+
+/// A page's sides are whole points; up to a point more than the picture is margin.
+QSizeF PageSizePoints(const MapRect& part) {
+  const auto points = [](std::int64_t pixels) {
+    return std::ceil(static_cast<double>(pixels) * kPointsPerInch / kDotsPerInch);
+  };
+  return {points(part.Width()), points(part.Height())};
+}
+
+}  // namespace
+
+bool RenderPdf(const MapContents& map, const PictureRequest& request, std::streambuf& out, Feedback& feedback,
+               std::string& errorText) {
+  const auto plan = PicturePlan::For(map, request, kMaxPdfSidePx, errorText);
+  if (!plan) return false;
+  PictureProgress progress(feedback);
+  StreamDevice device(out);
+  QPdfWriter writer(&device);
+  writer.setCreator(QStringLiteral("Quorvel"));
+  writer.setResolution(kDotsPerInch);
+  writer.setPageSize(QPageSize(PageSizePoints(plan->part), QPageSize::Point, {}, QPageSize::ExactMatch));
+  writer.setPageMargins(QMarginsF());
+  QPainter painter(&writer);
+  painter.fillRect(0, 0, writer.width(), writer.height(), QColor(kMapMargin));
+  PaintOnPaper(painter, map, plan->look, plan->part,
+               [&progress](std::int64_t done, std::int64_t all) { progress.Report(done, all); });
+  return painter.end() && device.IsGood();
+}
+
+}  // namespace quorvel
