@@ -8,6 +8,7 @@ std::span<const CommandRow> Commands() {
       {"convert", "Write a map in the other file form", &MakeConvertCommand},
       {"rewrite", "Read any generic data file in text form and write it in its plain form",
        &MakeRewriteCommand},
+      {"diff", "List the cells in which two maps differ", &MakeDiffCommand},
       {"dump", "Print what a file holds, one fact a line, for scripts", &MakeDumpCommand},
   };
   return kRows;
