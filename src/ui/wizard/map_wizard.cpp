@@ -79,7 +79,13 @@ QPushButton* CMapWizard::MakeButton(int id, const QString& text, void (CMapWizar
   button->setObjectName(QString::number(id));
   button->setAutoDefault(false);
   button->setMinimumSize(PixelsOf(kButtonSize, *this).size());
-  if (pressed) connect(button, &QPushButton::clicked, this, pressed);
+  // A button's key leaves the focus where it is; taking it ends an editor that is still open on the page.
+  if (pressed) {
+    connect(button, &QPushButton::clicked, this, [this, button, pressed] {
+      button->setFocus();
+      (this->*pressed)();
+    });
+  }
   return button;
 }
 
