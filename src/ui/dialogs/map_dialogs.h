@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QPointer>
+#include <QWidget>
+
+#include "map/services.h"
+
+namespace quorvel {
+
+/// The dialogs about maps as windows, modal over `parent`.
+class WindowMapDialogs : public MapDialogs {
+ public:
+  explicit WindowMapDialogs(QWidget* parent) : parent_(parent) {}
+
+  std::optional<int> ChooseDataType(std::span<const std::string_view> names, int selected) override;
+  std::optional<NewMapChoice> ChooseNewMap(const MapSizeLimits& limits, const ClassDef* cellClass) override;
+  std::optional<CPropertySettingList> ChooseFilter(const CPropertySettingList* current,
+                                                   const ClassDef* cellClass) override;
+
+ private:
+  QPointer<QWidget> parent_;
+};
+
+}  // namespace quorvel
