@@ -36,52 +36,77 @@ MemberDef* ClassDef::FindMember(std::string_view name) const {
 
 // ---- Layout
 
+std::int32_t ClassDef::Size() const {
+  if (!IsMeasured()) Measure();
+  return size_;
+}
+
+/// A class that is being measured: what its members before `next` take.
+struct ClassDef::Measurement {
+  const ClassDef* type;
+  std::size_t next = 0;
+  std::int32_t bytes = 0;
+};
+
+/// The classes from the one asked for down to the one looked at. They are marked as long as they are here.
+class ClassDef::OpenMeasurements {
+ public:
+  OpenMeasurements() = default;
+  OpenMeasurements(const OpenMeasurements&) = delete;
+  OpenMeasurements& operator=(const OpenMeasurements&) = delete;
+  ~OpenMeasurements() {
+    while (!IsEmpty()) Close();
+  }
+
+  bool IsEmpty() const { return open_.empty(); }
+  Measurement& Innermost() { return open_.back(); }
+  void Open(const ClassDef* type) {
+    open_.push_back({type});
+    type->measuring_ = true;
+  }
+  void Close() {
+    open_.back().type->measuring_ = false;
+    open_.pop_back();
+  }
+
+ private:
+  std::vector<Measurement> open_;
+};
+
 /// Depth first over the embedded classes that are not measured yet. A loop, since files may chain any number
 /// of classes.
-std::int32_t ClassDef::Size() const {
-  if (IsMeasured()) return size_;
-
-  struct Frame {
-    const ClassDef* type;
-    std::size_t next = 0;
-    std::int32_t bytes = 0;
-  };
-  std::vector<Frame> open;
-  const auto enter = [&open](const ClassDef* type) {
-    open.push_back({type});
-    type->measuring_ = true;
-  };
-  try {
-    enter(this);
-    while (!open.empty()) {
-      Frame& top = open.back();
-      if (top.next == top.type->members_.size()) {
-        top.type->size_ = top.bytes;
-        top.type->sizeRevision_ = schemaRevision_.load(std::memory_order_relaxed);
-        top.type->measuring_ = false;
-        open.pop_back();
-        continue;
-      }
-      const MemberDef& member = *top.type->members_[top.next];
-      const ClassDef* inner = EmbeddedClass(member);
-      if (inner && !inner->IsMeasured() && !inner->measuring_) {
-        enter(inner);  // and come back to this member
-        continue;
-      }
-      ++top.next;
-      if (member.GetKind() != MemberKind::Object) {
-        top.bytes = SaturatingSum(top.bytes, member.GetSize());
-      } else {
-        const bool holdsItself = inner && inner->measuring_;
-        static_cast<const ObjectMember&>(member).holdsNothing_ = holdsItself;
-        if (inner && !holdsItself) top.bytes = SaturatingSum(top.bytes, inner->size_);
-      }
+void ClassDef::Measure() const {
+  OpenMeasurements open;
+  open.Open(this);
+  while (!open.IsEmpty()) {
+    Measurement& innermost = open.Innermost();
+    if (const ClassDef* first = CountMembers(innermost)) {
+      open.Open(first);
+      continue;
     }
-  } catch (const std::bad_alloc&) {
-    for (const Frame& frame : open) frame.type->measuring_ = false;
-    throw;
+    innermost.type->size_ = innermost.bytes;
+    innermost.type->sizeRevision_ = schemaRevision_.load(std::memory_order_relaxed);
+    open.Close();
   }
-  return size_;
+}
+
+/// Counts members up to one whose class must be measured first, and answers that class; null when all are
+/// counted.
+const ClassDef* ClassDef::CountMembers(Measurement& measurement) {
+  const auto& members = measurement.type->members_;
+  for (; measurement.next < members.size(); ++measurement.next) {
+    const MemberDef& member = *members[measurement.next];
+    std::int32_t size = 0;
+    if (member.GetKind() != MemberKind::Object) {
+      size = member.GetSize();
+    } else if (const ClassDef* inner = EmbeddedClass(member)) {
+      if (!inner->IsMeasured() && !inner->measuring_) return inner;
+      static_cast<const ObjectMember&>(member).holdsNothing_ = inner->measuring_;
+      if (!inner->measuring_) size = inner->size_;
+    }
+    measurement.bytes = SaturatingSum(measurement.bytes, size);
+  }
+  return nullptr;
 }
 
 std::int32_t ClassDef::LayOut() {

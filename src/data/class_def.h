@@ -73,11 +73,16 @@ class ClassDef : public TypeDef {
   static void SchemaChanged() { schemaRevision_.fetch_add(1, std::memory_order_relaxed); }
 
  private:
+  struct Measurement;
+  class OpenMeasurements;
+
+  bool IsMeasured() const { return sizeRevision_ == schemaRevision_.load(std::memory_order_relaxed); }
+  void Measure() const;
+  static const ClassDef* CountMembers(Measurement& measurement);
   bool PrepareBlocks();
   void AssignOffsets();
   std::vector<std::byte> MakePrototype() const;
   void MoveBlocks(std::span<const std::byte> prototype);
-  bool IsMeasured() const { return sizeRevision_ == schemaRevision_.load(std::memory_order_relaxed); }
 
   /// Counts the changes of all schemas, so that a class knows with one look whether it, or one that it
   /// embeds, changed.
