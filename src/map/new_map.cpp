@@ -1,12 +1,12 @@
 // How a document's new map is made: definitions, wizard, fill.
 
-#include <algorithm>
 #include <optional>
 #include <string>
 
 #include <fmt/format.h>
 
 #include "map/definitions.h"
+#include "map/fill_settings.h"
 #include "map/locate_definitions.h"
 #include "map/map_fill.h"
 #include "map/map_limits.h"
@@ -17,15 +17,10 @@
 namespace quorvel {
 namespace {
 
-constexpr int kMaxNewSide = 1000;
 constexpr std::size_t kMaxCauseBytes = 254;
 
 std::string FileErrorText(const std::string& path, const std::string& cause) {
   return fmt::format("'{}'\nFile error.\nCause: {}", path, cause.substr(0, kMaxCauseBytes));
-}
-
-int ClampSide(int cells) {
-  return std::clamp(cells, 1, kMaxNewSide);
 }
 
 }  // namespace
@@ -68,8 +63,8 @@ void CVastrelDoc::MakeEmptyMap(int width, int height, std::string& errorText) {
 }
 
 void CVastrelDoc::FillNewMap(const NewMapChoice& choice, std::string& errorText) {
-  const int width = ClampSide(choice.width);
-  const int height = ClampSide(choice.height);
+  const int width = ClampNewMapSide(choice.width);
+  const int height = ClampNewMapSide(choice.height);
   if (!CheckFullMap(*this, width, height, errorText)) return;
   const WaitCursor wait(services_.feedback);
   SetModifiedFlag();

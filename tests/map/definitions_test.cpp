@@ -5,7 +5,7 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include "map_samples.h"
+#include "tests/map/map_samples.h"
 
 namespace quorvel {
 namespace {

@@ -8,7 +8,7 @@
 #include <gtest/gtest.h>
 
 #include "map/map_limits.h"
-#include "map_samples.h"
+#include "tests/map/map_samples.h"
 
 namespace quorvel {
 namespace {

@@ -1,4 +1,4 @@
-#include "map_samples.h"
+#include "tests/map/map_samples.h"
 
 #include <cstring>
 #include <sstream>

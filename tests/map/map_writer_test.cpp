@@ -8,7 +8,7 @@
 
 #include "data/c_numbers.h"
 #include "map/map_writer_tree.h"
-#include "map_samples.h"
+#include "tests/map/map_samples.h"
 
 namespace quorvel {
 namespace {
