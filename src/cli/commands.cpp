@@ -9,6 +9,7 @@ std::span<const CommandRow> Commands() {
       {"rewrite", "Read any generic data file in text form and write it in its plain form",
        &MakeRewriteCommand},
       {"diff", "List the cells in which two maps differ", &MakeDiffCommand},
+      {"render", "Draw a map into a picture or a PDF", &MakeRenderCommand},
       {"dump", "Print what a file holds, one fact a line, for scripts", &MakeDumpCommand},
   };
   return kRows;

@@ -1,0 +1,179 @@
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <charconv>
+#include <cstdlib>
+
+#include <QGuiApplication>
+
+#include "cli/command.h"
+#include "cli/map_file.h"
+#include "cli/progress_bar.h"
+#include "cli/tree_file.h"
+#include "map/fill_settings.h"
+#include "map/map_filter.h"
+#include "platform/atomic_file.h"
+#include "render/picture.h"
+
+namespace quorvel {
+
+namespace {
+
+enum class PictureForm { Png, Pdf };
+
+bool EndsWith(std::string path, std::string_view extension) {
+  std::transform(path.begin(), path.end(), path.begin(), [](unsigned char c) { return std::tolower(c); });
+  return path.ends_with(extension);
+}
+
+/// Standard output gets a PNG.
+PictureForm FormOf(const std::string& out) {
+  if (out == kStandardStream || EndsWith(out, ".png")) return PictureForm::Png;
+  if (EndsWith(out, ".pdf")) return PictureForm::Pdf;
+  throw CLI::ValidationError("OUT", out + " ends neither with .png nor with .pdf");
+}
+
+CellRange ParseCells(const std::string& text) {
+  std::array<std::int32_t, 4> numbers{};
+  const char* next = text.data();
+  const char* const end = next + text.size();
+  for (std::size_t i = 0; i < numbers.size(); ++i) {
+    const auto [after, error] = std::from_chars(next, end, numbers[i]);
+    const bool last = i + 1 == numbers.size();
+    if (error != std::errc() || (last ? after != end : after == end || *after != ','))
+      throw CLI::ValidationError("--cells", text + " is not C0,R0,C1,R1");
+    next = after + 1;
+  }
+  return {{numbers[0], numbers[1]}, {numbers[2], numbers[3]}};
+}
+
+bool IsIndexMember(const ClassDef& cellClass, const std::string& name) {
+  const MemberDef* member = cellClass.FindMember(name);
+  return member != nullptr && member->GetKind() == MemberKind::Index;
+}
+
+/// Keeps the library's remarks about the desktop away from the tool's messages.
+void SayNothing(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+void PrepareDrawing() {
+  ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  qInstallMessageHandler(&SayNothing);
+}
+
+/// Qt's drawing without a screen; labels need its fonts. PrepareDrawing comes first.
+class OffScreenDrawing {
+ public:
+  OffScreenDrawing() : app_(argc_, argv_) {}
+
+ private:
+  // The application keeps references to these.
+  int argc_ = 1;
+  char name_[12] = "quorvel-map";
+  char* argv_[2] = {name_, nullptr};
+  QGuiApplication app_;
+};
+
+class RenderCommand : public Command {
+ public:
+  void Declare(CLI::App& app) override {
+    app.add_option("--cell-size", request_.cellSizePx,
+                   "Height of a cell in pixels, 10 to 100; 100 if not given")
+        ->option_text("S")
+        ->check(CLI::Range(10.0F, 100.0F));
+    app.add_option("--fill", request_.fillMember, "Index property that colours the cells")
+        ->option_text("NAME");
+    app.add_option("--outline", request_.outlineMember, "Index property that colours their outlines")
+        ->option_text("NAME");
+    app.add_flag_callback(
+        "--no-labels", [this] { request_.labels = Labels::Hidden; }, "Draw no values into the cells");
+    app.add_option_function<std::string>(
+           "--cells", [this](const std::string& text) { request_.cells = ParseCells(text); },
+           "Draw only these cells: the corners' columns and rows")
+        ->option_text("C0,R0,C1,R1");
+    app.add_option("--filter", filterPath_, "Fade the cells that this filter does not pass")
+        ->option_text("FILE");
+    app.add_option("FILE", file_, "A map in either form")->required();
+    app.add_option_function<std::string>(
+           "OUT",
+           [this](const std::string& out) {
+             form_ = FormOf(out);
+             out_ = out;
+           },
+           "OUT.png or OUT.pdf")
+        ->required();
+    app.footer(
+        "Examples:\n"
+        "  quorvel-map render --cell-size 20 --no-labels galaxy.vrl overview.png\n"
+        "  quorvel-map render --fill Empire --cells 0,0,19,11 galaxy.vrl corner.pdf");
+  }
+
+  ExitCode Run(Console& console) override {
+    const MapInput map = ReadMapFile(console, file_);
+    if (map.code != ExitCode::Done) return map.code;
+    if (!MembersExist(console, *map.contents.m_pCellClass) || !CellsExist(console, *map.contents.m_pGrid))
+      return ExitCode::Trouble;
+    const ExitCode filtered = SetFilter(console, map.contents);
+    return filtered == ExitCode::Done ? Draw(console, map.contents) : filtered;
+  }
+
+ private:
+  bool MembersExist(Console& console, const ClassDef& cellClass) const {
+    for (const auto& [option, name] :
+         {std::pair{"--fill", &request_.fillMember}, {"--outline", &request_.outlineMember}}) {
+      if (name->empty() || IsIndexMember(cellClass, *name)) continue;
+      console.Complain(file_, std::string(option) + ": the map has no index property " + *name);
+      return false;
+    }
+    return true;
+  }
+
+  bool CellsExist(Console& console, const CellGrid& grid) const {
+    if (!request_.cells || (grid.IsValid(request_.cells->first) && grid.IsValid(request_.cells->last)))
+      return true;
+    console.Complain(file_, "--cells: not all of them are on the map");
+    return false;
+  }
+
+  ExitCode SetFilter(Console& console, const MapContents& contents) {
+    if (filterPath_.empty()) return ExitCode::Done;
+    DataBranch tree("");
+    const ExitCode read = ReadTreeFile(console, filterPath_, tree);
+    if (read != ExitCode::Done) return read;
+    std::string errorText;
+    filter_ = ReadFilterSettings(tree, contents.m_pCellClass, errorText);
+    console.Complain(filterPath_, errorText);
+    if (!filter_) return ExitCode::No;
+    request_.filter = [this](const CellRecord& record) { return PassesFilter(*filter_, record.data); };
+    return ExitCode::Done;
+  }
+
+  ExitCode Draw(Console& console, const MapContents& contents) const {
+    PrepareDrawing();
+    const OffScreenDrawing drawing;
+    const auto feedback = MakeFeedback(console.progress);
+    const auto render = form_ == PictureForm::Png ? &RenderPng : &RenderPdf;
+    AtomicFile file(out_);
+    std::string errorText;
+    const bool drawn = render(contents, request_, file, *feedback, errorText);
+    if (!drawn && !errorText.empty()) {
+      console.Complain(file_, errorText);
+      return ExitCode::No;
+    }
+    if (file.Commit(errorText)) return ExitCode::Done;
+    console.Complain(out_, errorText);
+    return ExitCode::Trouble;
+  }
+
+  PictureRequest request_;
+  PictureForm form_ = PictureForm::Png;
+  std::string filterPath_, file_, out_;
+  std::optional<CPropertySettingList> filter_;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> MakeRenderCommand() {
+  return std::make_unique<RenderCommand>();
+}
+
+}  // namespace quorvel
