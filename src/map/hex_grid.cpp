@@ -49,36 +49,28 @@ CellCoord CellGrid::CoordOf(std::int32_t index) const {
 
 std::int32_t CellGrid::Neighbour(std::int32_t index, int direction) const {
   if (!IsValid(index)) return -1;
+  return direction >= 0 && direction < 6 ? Neighbours(index)[direction] : index;
+}
+
+std::array<std::int32_t, 6> CellGrid::Neighbours(std::int32_t index) const {
+  std::array<std::int32_t, 6> neighbours = {-1, -1, -1, -1, -1, -1};
+  if (!IsValid(index)) return neighbours;
   const std::int32_t column = index % width_;
   const std::int32_t lowered =
       column % 2 != 0 ? width_ : 0;  // an odd column's slanted neighbours lie a row lower
-  const bool atLeft = column == 0;
-  const bool atRight = column == width_ - 1;
+  const auto ifValid = [this](std::int32_t neighbour) { return IsValid(neighbour) ? neighbour : -1; };
 
-  std::int32_t neighbour = index;
-  switch (direction) {
-    case 0:
-      neighbour = atRight ? -1 : index - width_ + lowered + 1;
-      break;
-    case 1:
-      neighbour = index - width_;
-      break;
-    case 2:
-      neighbour = atLeft ? -1 : index - width_ + lowered - 1;
-      break;
-    case 3:
-      neighbour = atLeft ? -1 : index + lowered - 1;
-      break;
-    case 4:
-      neighbour = index + width_;
-      break;
-    case 5:
-      neighbour = atRight ? -1 : index + lowered + 1;
-      break;
-    default:
-      break;
+  neighbours[1] = ifValid(index - width_);
+  neighbours[4] = ifValid(index + width_);
+  if (column > 0) {
+    neighbours[2] = ifValid(index - width_ + lowered - 1);
+    neighbours[3] = ifValid(index + lowered - 1);
   }
-  return IsValid(neighbour) ? neighbour : -1;
+  if (column < width_ - 1) {
+    neighbours[0] = ifValid(index - width_ + lowered + 1);
+    neighbours[5] = ifValid(index + lowered + 1);
+  }
+  return neighbours;
 }
 
 CellRecord CellGrid::RecordAt(std::int32_t index) const {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -53,6 +54,8 @@ class CellGrid {
   /// run counter-clockwise from 0 = upper right, so the way back from d is (d + 3) % 6; any other direction
   /// stays put.
   std::int32_t Neighbour(std::int32_t index, int direction) const;
+  /// The same for all six directions at once.
+  std::array<std::int32_t, 6> Neighbours(std::int32_t index) const;
 
   std::optional<CellRecord> Find(std::int32_t index) const;
   /// The record with the lowest index above `index`; Following(-1) is the first.
