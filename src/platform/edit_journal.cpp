@@ -1,0 +1,179 @@
+#include "platform/edit_journal.h"
+
+#include <cerrno>
+#include <chrono>
+#include <cstdlib>
+#include <filesystem>
+
+#include <fcntl.h>
+#include <isa-l/crc64.h>
+#include <sys/file.h>
+#include <sys/random.h>
+#include <unistd.h>
+
+#include <fmt/format.h>
+
+#include "platform/file_calls.h"
+
+namespace quorvel {
+
+namespace {
+
+constexpr std::string_view kExtension = ".journal";
+constexpr std::chrono::milliseconds kGatherTime(
+    500);  // edits come in bursts; with the sync it stays below a second
+constexpr std::size_t kHeadBytes = 12;
+
+template <class Number>
+void PutLittleEndian(std::string& to, Number number) {
+  for (std::size_t i = 0; i < sizeof number; ++i) to += static_cast<char>(number >> (8 * i));
+}
+
+template <class Number>
+Number GetLittleEndian(const char* from) {
+  Number number = 0;
+  for (std::size_t i = 0; i < sizeof number; ++i)
+    number |= static_cast<Number>(static_cast<unsigned char>(from[i])) << (8 * i);
+  return number;
+}
+
+std::uint64_t Checksum(std::string_view record) {
+  return crc64_ecma_refl(0, reinterpret_cast<const unsigned char*>(record.data()), record.size());
+}
+
+std::string Framed(std::string_view record) {
+  std::string bytes;
+  bytes.reserve(kHeadBytes + record.size());
+  PutLittleEndian(bytes, static_cast<std::uint32_t>(record.size()));
+  PutLittleEndian(bytes, Checksum(record));
+  return bytes.append(record);
+}
+
+bool WriteAll(int fd, std::string_view bytes) {
+  while (!bytes.empty()) {
+    const ssize_t written = FileCalls::Real().Write(fd, bytes.data(), bytes.size());
+    if (written < 0) return false;
+    bytes.remove_prefix(static_cast<std::size_t>(written));
+  }
+  return true;
+}
+
+/// -1: another program holds it, or it cannot be opened.
+int OpenAndHold(const std::string& path, int flags) {
+  const int fd = open(path.c_str(), O_WRONLY | O_APPEND | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK | flags, 0600);
+  if (fd < 0 || flock(fd, LOCK_EX | LOCK_NB) == 0) return fd;
+  close(fd);
+  return -1;
+}
+
+}  // namespace
+
+std::string EditJournal::FolderFromEnvironment() {
+  const auto folder = [](const char* name) {
+    const char* text = std::getenv(name);
+    return std::string(text != nullptr && text[0] == '/' ? text : "");
+  };
+  std::string state = folder("XDG_STATE_HOME");
+  if (state.empty() && !folder("HOME").empty()) state = folder("HOME") + "/.local/state";
+  return state.empty() ? state : state + "/Kelmsor/Quorvel/journals";
+}
+
+std::unique_ptr<EditJournal> EditJournal::Create(const std::string& folder) {
+  std::error_code ignored;  // opening finds out
+  std::filesystem::create_directories(folder, ignored);
+  std::uint64_t random = 0;
+  if (folder.empty() || getrandom(&random, sizeof random, 0) < 0) return nullptr;
+  std::string path = fmt::format("{}/{:016x}{}", folder, random, kExtension);
+  const int fd = OpenAndHold(path, O_CREAT | O_EXCL);
+  if (fd < 0) return nullptr;
+  return std::unique_ptr<EditJournal>(new EditJournal(std::move(path), fd));
+}
+
+std::vector<std::unique_ptr<EditJournal>> EditJournal::Abandoned(const std::string& folder) {
+  std::vector<std::unique_ptr<EditJournal>> journals;
+  std::error_code none;
+  for (const auto& entry : std::filesystem::directory_iterator(folder, none)) {
+    if (entry.path().extension() != kExtension || !entry.is_regular_file(none)) continue;
+    const int fd = OpenAndHold(entry.path(), 0);
+    if (fd >= 0) journals.push_back(std::unique_ptr<EditJournal>(new EditJournal(entry.path(), fd)));
+  }
+  return journals;
+}
+
+EditJournal::EditJournal(std::string path, int fd)
+    : path_(std::move(path)),
+      fd_(fd),
+      syncer_([this](const std::stop_token& stop) { SyncWhenWritten(stop); }) {}
+
+EditJournal::~EditJournal() {
+  syncer_.request_stop();
+  syncer_.join();
+  if (fd_ < 0) return;
+  if (unsynced_) fdatasync(fd_);
+  close(fd_);
+}
+
+bool EditJournal::Append(std::string_view record) {
+  const std::lock_guard lock(mutex_);
+  if (fd_ < 0 || !error_.empty() || record.size() > JournalReader::kMaxRecordBytes) return false;
+  if (!WriteAll(fd_, Framed(record))) return Fail(errno);
+  unsynced_ = true;
+  written_.notify_one();
+  return true;
+}
+
+bool EditJournal::Clear() {
+  const std::lock_guard lock(mutex_);
+  if (fd_ < 0 || !error_.empty()) return false;
+  return ftruncate(fd_, 0) == 0 || Fail(errno);
+}
+
+void EditJournal::Remove() {
+  const std::lock_guard lock(mutex_);
+  if (fd_ < 0) return;
+  unlink(BasePath().c_str());
+  unlink(path_.c_str());
+  close(fd_);
+  fd_ = -1;
+  unsynced_ = false;
+}
+
+std::string EditJournal::Error() const {
+  const std::lock_guard lock(mutex_);
+  return error_;
+}
+
+bool EditJournal::Fail(int error) {
+  if (error_.empty()) error_ = ErrorText(error);
+  return false;
+}
+
+void EditJournal::SyncWhenWritten(const std::stop_token& stop) {
+  std::unique_lock lock(mutex_);
+  while (written_.wait(lock, stop, [&] { return unsynced_; })) {
+    written_.wait_for(lock, stop, kGatherTime, [] { return false; });
+    if (stop.stop_requested()) return;  // the destructor syncs
+    if (fd_ < 0) continue;
+    unsynced_ = false;
+    const int own = fcntl(fd_, F_DUPFD_CLOEXEC, 0);  // Remove may close the other one meanwhile
+    lock.unlock();
+    const int error = own < 0 || fdatasync(own) < 0 ? errno : 0;
+    if (own >= 0) close(own);
+    lock.lock();
+    if (error != 0) Fail(error);
+  }
+}
+
+std::optional<std::string> JournalReader::Next() {
+  char head[kHeadBytes];
+  if (file_.sgetn(head, sizeof head) != sizeof head) return std::nullopt;
+  const auto size = GetLittleEndian<std::uint32_t>(head);
+  if (size > kMaxRecordBytes || size > file_.SizeBytes().value_or(0)) return std::nullopt;
+  std::string record(size, '\0');
+  const bool whole = file_.sgetn(record.data(), size) == static_cast<std::streamsize>(size);
+  return whole && GetLittleEndian<std::uint64_t>(head + 4) == Checksum(record)
+             ? std::optional(std::move(record))
+             : std::nullopt;
+}
+
+}  // namespace quorvel
