@@ -1,8 +1,11 @@
 #include "data/c_numbers.h"
 
 #include <algorithm>
+#include <bit>
 #include <charconv>
+#include <cmath>
 #include <limits>
+#include <optional>
 #include <system_error>
 
 #include <locale.h>
@@ -43,6 +46,26 @@ std::uint64_t TakeDigits(std::string_view text, int base, std::uint64_t limit) {
 double SlowToDouble(std::string_view text) {
   static const locale_t cLocale = newlocale(LC_ALL_MASK, "C", nullptr);
   return strtod_l(std::string(text).c_str(), nullptr, cLocale);
+}
+
+/// The magnitude in millionths, rounded as printf rounds, half to even; none from 2^43 on. A float's 24 bits
+/// times a million fit in 44, so whole numbers do exactly what takes the general conversion several times as
+/// long.
+std::optional<std::uint64_t> ToMillionths(float number) {
+  const auto bits = std::bit_cast<std::uint32_t>(number);
+  const std::uint32_t exponent = bits >> 23 & 0xff;
+  if (exponent >= 127 + 43) return std::nullopt;
+  const std::uint32_t leadingBit = exponent == 0 ? 0 : 0x800000;
+  const std::uint64_t product = std::uint64_t{(bits & 0x7fffff) | leadingBit} * 1000000;
+  const int shift = 150 - static_cast<int>(std::max(exponent, 1U));  // number = mantissa * 2^-shift
+  if (shift <= 0) return product << -shift;
+  if (shift > 45) return 0;  // below half a millionth
+
+  const std::uint64_t whole = product >> shift;
+  const std::uint64_t rest = product - (whole << shift);
+  const std::uint64_t half = std::uint64_t{1} << (shift - 1);
+  const bool up = rest > half || (rest == half && whole % 2 == 1);
+  return whole + (up ? 1 : 0);
 }
 
 }  // namespace
@@ -99,8 +122,20 @@ std::string FormatInt(std::int32_t number) {
 
 void AppendFloat(std::string& out, float number) {
   char text[kFloatTextBytes];
-  const double exact = number;  // printf is given a double
-  out.append(text, std::to_chars(text, text + sizeof text, exact, std::chars_format::fixed, 6).ptr);
+  char* end = text + sizeof text;
+  const std::optional<std::uint64_t> millionths = ToMillionths(number);
+  if (!millionths) {
+    const double exact = number;  // printf is given a double
+    out.append(text, std::to_chars(text, end, exact, std::chars_format::fixed, 6).ptr);
+    return;
+  }
+  if (std::signbit(number)) out += '-';
+  char* point = std::to_chars(text, end, *millionths / 1000000).ptr;
+  *point = '.';
+  std::uint64_t decimals = *millionths % 1000000;
+  for (char* digit = point + 6; digit != point; --digit, decimals /= 10)
+    *digit = static_cast<char>('0' + decimals % 10);
+  out.append(text, point + 7);
 }
 
 std::string FormatFloat(float number) {

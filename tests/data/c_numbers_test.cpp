@@ -164,9 +164,10 @@ TEST(CNumbers, DoublesAreThoseOfTheCLibrary) {
 
 TEST(CNumbers, FloatsArePrintedWithSixDecimals) {
   for (const float number :
-       {0.0F, -0.0F, 1.0F, 0.5F, -1.0e-7F, 123456.789F, std::numeric_limits<float>::max(),
-        std::numeric_limits<float>::lowest(), std::numeric_limits<float>::denorm_min(), kInfinity, -kInfinity,
-        std::nanf(""), -std::nanf("")}) {
+       {0.0F, -0.0F, 1.0F, 0.5F, -1.0e-7F, 123456.789F, 0.0078125F, 0.0234375F, 4.76837158e-7F,
+        5.0e-7F,  // ties go to the even digit
+        0x1p43F, 0x1.fffffep42F, std::numeric_limits<float>::max(), std::numeric_limits<float>::lowest(),
+        std::numeric_limits<float>::denorm_min(), kInfinity, -kInfinity, std::nanf(""), -std::nanf("")}) {
     EXPECT_EQ(FormatFloat(number), Printed(number));
   }
   std::mt19937 random(11);
