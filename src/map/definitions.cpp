@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "data/c_numbers.h"
+#include "map/member_editors.h"
 #include "map/range_text.h"
 
 namespace quorvel {
@@ -90,7 +91,11 @@ void BuildTypes(const DataBranch& file, MapContents& contents, std::string& erro
   contents.m_pMapClass = contents.m_pTypes->FindClass("Map");
   if (contents.m_pMapClass == nullptr) errorText += "Map definition not found.\n";
   contents.m_pCellClass = contents.m_pTypes->FindClass("Cell");
-  if (contents.m_pCellClass == nullptr) errorText += "Cell definition not found.\n";
+  if (contents.m_pCellClass == nullptr) {
+    errorText += "Cell definition not found.\n";
+    return;
+  }
+  for (const std::unique_ptr<MemberDef>& member : contents.m_pCellClass->Members()) AttachEditor(*member);
 }
 
 bool LoadDefinitions(std::streambuf& file, DataBranch& tree, MapContents& contents, Feedback& feedback,
