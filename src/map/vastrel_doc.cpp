@@ -5,6 +5,7 @@
 
 #include "map/map_reader.h"
 #include "map/map_writer.h"
+#include "map/paint_tool.h"
 #include "platform/doc_template.h"
 
 namespace quorvel {
@@ -74,6 +75,8 @@ void CVastrelDoc::ReportErrors(const std::string& errorText) {
 void CVastrelDoc::Adopt(MapContents&& contents) {
   m_pFilter.reset();  // what names members of the old types goes first
   m_editors.clear();
+  m_nNextEditorId = kLastBarControl;
+  m_nPaintIndex = 0;
   m_pPaintMember = nullptr;
   *m_pCurrentCell = {};
   static_cast<MapContents&>(*this) = std::move(contents);
