@@ -51,9 +51,10 @@ QPoint COriginPicker::PointOf(const CValueSetting& value) const {
 void COriginPicker::paintEvent(QPaintEvent*) {
   if (!m_pSetting) return;
   QPainter painter(this);
-  painter.fillRect(rect(), palette().base());
-  painter.setPen(palette().color(QPalette::Text));
+  painter.setPen(palette().color(QPalette::Midlight));
   painter.setBrush(palette().base());
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
+  painter.setPen(palette().color(QPalette::Text));
   for (const auto& value : m_pSetting->GetValues()) {
     const QPoint at = PointOf(*value);
     if (value.get() == m_pValue) {
