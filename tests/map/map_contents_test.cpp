@@ -25,8 +25,7 @@ TEST(MapContents, CreateCellMakesOneFreshInstanceACell) {
 }
 
 TEST(MapContents, CreateCellLeavesNoRecordWithoutInstance) {
-  MapContents contents =
-      ContentsOf(Lines({"[Classes/Map]", "type=\"class\"", "[Classes/Cell]", "type=\"class\""}));
+  MapContents contents = ContentsOf(Lines("[Classes/Map] type='class' [Classes/Cell] type='class'"));
   MakeGrid(contents, 2, 2);
   EXPECT_FALSE(CreateCell(contents, {0, 0}));
   contents.m_pCellClass = nullptr;
@@ -35,9 +34,8 @@ TEST(MapContents, CreateCellLeavesNoRecordWithoutInstance) {
 }
 
 TEST(MapContents, AFullMapMustHoldAllItsValues) {
-  std::string definitions = Lines({"[Classes/Map]", "type=\"class\"", "[Classes/Cell]", "type=\"class\""});
-  for (int i = 0; i < 1100; ++i)
-    definitions += Lines({"[Classes/Cell/m" + std::to_string(i) + "]", "type=\"int\""});
+  std::string definitions = Lines("[Classes/Map] type='class' [Classes/Cell] type='class'");
+  for (int i = 0; i < 1100; ++i) definitions += Lines("[Classes/Cell/m" + std::to_string(i) + "] type='int'");
   const MapContents contents = ContentsOf(definitions);
   std::string errorText;
   EXPECT_TRUE(CheckMap(contents, 1000, 1000, errorText));

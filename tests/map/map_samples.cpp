@@ -47,22 +47,27 @@ std::string DescribeRecord(const MapContents& contents, const CellRecord& record
 
 }  // namespace
 
-std::string Lines(std::initializer_list<std::string_view> lines) {
+std::string Lines(std::string_view words) {
   std::string text;
-  for (const std::string_view line : lines) text.append(line).append("\r\n");
-  return text;
+  for (const char byte : words) {
+    if (byte == ' ') {
+      text += "\r\n";
+    } else {
+      text += byte == '\'' ? '"' : byte;
+    }
+  }
+  return text.empty() || text.ends_with("\r\n") ? text : text + "\r\n";
 }
 
 std::string SampleClasses() {
-  return Lines({"[Classes/Kind]",      "type=\"items\"",        "0=\"dust\"",          "1=\"star\"",
-                "2=\"hole\"",          "[Classes/Part]",        "type=\"class\"",      "[Classes/Part/Size]",
-                "type=\"int\"",        "range=\"0<7<9\"",       "[Classes/Map]",       "type=\"class\"",
-                "[Classes/Map/Width]", "type=\"int\"",          "range=\"1<10<1000\"", "[Classes/Map/Height]",
-                "type=\"int\"",        "range=\"1<10<1000\"",   "[Classes/Cell]",      "type=\"class\"",
-                "[Classes/Cell/Name]", "type=\"string\"",       "range=\"none\"",      "[Classes/Cell/Count]",
-                "type=\"int\"",        "range=\"0<5<9\"",       "[Classes/Cell/Part]", "type=\"object\"",
-                "range=\"Part\"",      "[Classes/Cell/Weight]", "type=\"float\"",      "range=\"0<1.5<9\"",
-                "[Classes/Cell/Kind]", "type=\"index\"",        "range=\"Kind\""});
+  return Lines(
+      "[Classes/Kind] type='items' 0='dust' 1='star' 2='hole' [Classes/Part] type='class' "
+      "[Classes/Part/Size] type='int' range='0<7<9' [Classes/Map] type='class' "
+      "[Classes/Map/Width] type='int' range='1<10<1000' [Classes/Map/Height] type='int' "
+      "range='1<10<1000' [Classes/Cell] type='class' [Classes/Cell/Name] type='string' "
+      "range='none' [Classes/Cell/Count] type='int' range='0<5<9' [Classes/Cell/Part] "
+      "type='object' range='Part' [Classes/Cell/Weight] type='float' range='0<1.5<9' "
+      "[Classes/Cell/Kind] type='index' range='Kind'");
 }
 
 MapContents ContentsOf(const std::string& definitions) {

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -10,8 +9,9 @@
 
 namespace quorvel {
 
-/// The lines, each ended by CR LF.
-std::string Lines(std::initializer_list<std::string_view> lines);
+/// Lines of a text form from words: every space ends a line with CR LF, and apostrophes stand for double
+/// quotes.
+std::string Lines(std::string_view words);
 
 /// Definitions "Map" (1<10<1000 each way), list "Kind" of three items, class "Part" of one int, and a class
 /// "Cell" with Name (string), Count (int), Weight (float), Kind (index) and Part (object).

@@ -27,21 +27,20 @@ TEST(GetMapSizeLimits, TakesWhatTheMembersGive) {
     const char* limits;
   };
   const Row rows[] = {
-      {"ints", "type=\"int\"\r\nrange=\"1<10<1000\"", "type=\"int\"\r\nrange=\"2<20<500\"", true,
-       "1 2 1000 500 10 20 "},
-      {"floats are cut off", "type=\"float\"\r\nrange=\"-1.9<10.9<1e20\"", "type=\"float\"\r\nrange=\"nan\"",
-       true, "-1 0 2147483647 0 10 0 "},
-      {"an index counts its list", "type=\"index\"\r\nrange=\"L\"", "type=\"int\"", true, "0 0 1 0 0 0 "},
-      {"no width", "", "type=\"int\"\r\nrange=\"2<20<500\"", false, "- 2 - 500 - 20 "},
-      {"no height", "type=\"int\"\r\nrange=\"1<10<1000\"", "", false, "1 - 1000 - 10 - "},
-      {"a width without numbers", "type=\"string\"\r\nrange=\"1<10<1000\"", "type=\"int\"\r\nrange=\"5\"",
-       false, "- 0 - 5 - 0 "}};
+      {"ints", "type='int' range='1<10<1000'", "type='int' range='2<20<500'", true, "1 2 1000 500 10 20 "},
+      {"floats are cut off", "type='float' range='-1.9<10.9<1e20'", "type='float' range='nan'", true,
+       "-1 0 2147483647 0 10 0 "},
+      {"an index counts its list", "type='index' range='L'", "type='int'", true, "0 0 1 0 0 0 "},
+      {"no width", "", "type='int' range='2<20<500'", false, "- 2 - 500 - 20 "},
+      {"no height", "type='int' range='1<10<1000'", "", false, "1 - 1000 - 10 - "},
+      {"a width without numbers", "type='string' range='1<10<1000'", "type='int' range='5'", false,
+       "- 0 - 5 - 0 "}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.title);
     const MapContents contents =
-        ContentsOf(Lines({"[Classes/L]", "type=\"items\"", "0=\"a\"", "1=\"b\"", "[Classes/Cell]",
-                          "type=\"class\"", "[Classes/Map]", "type=\"class\"", "[Classes/Map/Width]",
-                          row.width, "[Classes/Map/Height]", row.height}));
+        ContentsOf(Lines("[Classes/L] type='items' 0='a' 1='b' [Classes/Cell] type='class' [Classes/Map] "
+                         "type='class' [Classes/Map/Width] " +
+                         row.width + " [Classes/Map/Height] " + row.height));
     MapSizeLimits limits;
     EXPECT_EQ(GetMapSizeLimits(contents.m_pMapClass, limits), row.result);
     EXPECT_EQ(Describe(limits), row.limits);

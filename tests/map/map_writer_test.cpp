@@ -14,14 +14,17 @@ namespace quorvel {
 namespace {
 
 std::string OneMemberClasses() {
-  return Lines({"[Classes/Map]", "type=\"class\"", "[Classes/Map/Width]", "type=\"int\"",
-                "range=\"1<10<1000\"", "[Classes/Map/Height]", "type=\"int\"", "range=\"1<10<1000\"",
-                "[Classes/Cell]", "type=\"class\"", "[Classes/Cell/v]", "type=\"int\"", "range=\"0<0<9\""});
+  return Lines(
+      "[Classes/Map] type='class' [Classes/Map/Width] type='int' range='1<10<1000' "
+      "[Classes/Map/Height] type='int' range='1<10<1000' [Classes/Cell] type='class' "
+      "[Classes/Cell/v] type='int' range='0<0<9'");
 }
 
 std::string VersionLines(std::string_view form) {
-  return Lines({"[Version]", "FileType=\"Orvantis.Map.Vastrel\"", "FileVersion=0", "CellType=\"hex\"",
-                "[Version/Data]", fmt::format("type=\"{}\"", form)});
+  return Lines(
+      fmt::format("[Version] FileType='Orvantis.Map.Vastrel' FileVersion=0 CellType='hex' "
+                  "[Version/Data] type='{}'",
+                  form));
 }
 
 /// The plain way to write a text form: a tree of everything, cells included.
@@ -62,21 +65,21 @@ std::string LittleEndian(std::initializer_list<std::uint32_t> numbers) {
 TEST(MapWriter, WritesTheTextFormByteForByte) {
   MapContents contents = ContentsOf(OneMemberClasses());
   MakeGrid(contents, 2, 1);
-  const std::string head =
-      VersionLines("text") + OneMemberClasses() +
-      Lines({"[Declare/Galaxy]", "type=\"Map\"", "[Objects/Galaxy]", "Width=2", "Height=1"});
-  EXPECT_EQ(Saved(contents), head + Lines({"[Objects/Galaxy/Cells]"}));  // no record: the branch is empty
+  const std::string head = VersionLines("text") + OneMemberClasses() +
+                           Lines("[Declare/Galaxy] type='Map' [Objects/Galaxy] Width=2 Height=1");
+  EXPECT_EQ(Saved(contents), head + Lines("[Objects/Galaxy/Cells]"));  // no record: the branch is empty
   SetValue(contents, 0, "v", "5");
-  EXPECT_EQ(Saved(contents), head + Lines({"[Objects/Galaxy/Cells/0]", "v=5"}));
+  EXPECT_EQ(Saved(contents), head + Lines("[Objects/Galaxy/Cells/0] v=5"));
 }
 
 TEST(MapWriter, WritesNoClassesWhereThereAreNone) {
   MapContents contents = ContentsOf(OneMemberClasses());
   contents.m_pClasses.reset();
   MakeGrid(contents, 1, 1);
-  EXPECT_EQ(Saved(contents),
-            VersionLines("text") + Lines({"[Declare/Galaxy]", "type=\"Map\"", "[Objects/Galaxy]", "Width=1",
-                                          "Height=1", "[Objects/Galaxy/Cells]"}));
+  EXPECT_EQ(
+      Saved(contents),
+      VersionLines("text") +
+          Lines("[Declare/Galaxy] type='Map' [Objects/Galaxy] Width=1 Height=1 [Objects/Galaxy/Cells]"));
 }
 
 TEST(MapWriter, WritesTheBinaryFormByteForByte) {
@@ -86,12 +89,12 @@ TEST(MapWriter, WritesTheBinaryFormByteForByte) {
   SetValue(contents, 1, "Count", "-2");
   SetValue(contents, 1, "Weight", "0.5");
   SetValue(contents, 1, "Kind", "2");
-  const std::string header =
-      Lines({"[Version]", "FileType=\"Orvantis.Map.Vastrel\"", "FileVersion=0", "CellType=\"hex\"",
-             "Warning=\"Do not manually edit this file.\"", "[Version/Data]", "type=\"binary\"",
-             "[Version/Data/Offsets]", "Data=856", "Text=900", "[Version/Data/Sizes]", "string=4", "int=4",
-             "float=4", "index=4", "object=0"}) +
-      SampleClasses() + Lines({"[Declare/Galaxy]", "type=\"Map\"", "[Objects]"});
+  const std::string header = Lines("[Version] FileType='Orvantis.Map.Vastrel' FileVersion=0 CellType='hex'") +
+                             "Warning=\"Do not manually edit this file.\"\r\n" +
+                             Lines(
+                                 "[Version/Data] type='binary' [Version/Data/Offsets] Data=856 Text=900 "
+                                 "[Version/Data/Sizes] string=4 int=4 float=4 index=4 object=0") +
+                             SampleClasses() + Lines("[Declare/Galaxy] type='Map' [Objects]");
   ASSERT_EQ(header.size(), 855U);
   // The cell without a record is written with the defaults; equal texts would be written again.
   EXPECT_EQ(SavedAs(contents, kBinaryForm),

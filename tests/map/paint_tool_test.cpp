@@ -169,8 +169,9 @@ TEST_F(PaintTool, NothingIsPaintedOutsideTheMap) {
 
 TEST(MemberEditors, ComeWithTheDefinitionsOnceForMembersThatShareAClass) {
   DataBranch file("");
-  std::stringbuf text(Lines({"[Classes/Cell]", "type=\"class\"", "[Classes/Cell/Self]", "type=\"object\"",
-                             "range=\"Cell\"", "[Classes/Cell/Name]", "type=\"string\""}));
+  std::stringbuf text(
+      Lines("[Classes/Cell] type='class' [Classes/Cell/Self] type='object' range='Cell' "
+            "[Classes/Cell/Name] type='string'"));
   file.ReadText(&text);
   MapContents contents;
   std::string errorText;

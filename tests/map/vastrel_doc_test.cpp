@@ -71,14 +71,14 @@ TEST_F(VastrelDoc, OpensWhatItSaved) {
 }
 
 TEST_F(VastrelDoc, ShowsTheErrorTextOfAFileOnce) {
-  const std::string noMapClass =
-      Lines({"[Classes/Cell]", "type=\"class\"", "[Classes/Cell/v]", "type=\"int\"", "[Objects/Galaxy]",
-             "Width=2", "Height=1", "[Objects/Galaxy/Cells/1]"});
+  const std::string noMapClass = Lines(
+      "[Classes/Cell] type='class' [Classes/Cell/v] type='int' [Objects/Galaxy] Width=2 "
+      "Height=1 [Objects/Galaxy/Cells/1]");
   EXPECT_TRUE(document.OnOpenDocument(folder.Write("a.gdf", noMapClass)));
   EXPECT_EQ(document.m_pGrid->Count(), 1);
   EXPECT_THAT(world.prompts.TakeMessages(), ElementsAre("Map file error:\n\nMap definition not found.\n"));
 
-  EXPECT_FALSE(document.OnOpenDocument(folder.Write("b.gdf", SampleClasses() + Lines({"[Objects/Galaxy]"}))));
+  EXPECT_FALSE(document.OnOpenDocument(folder.Write("b.gdf", SampleClasses() + Lines("[Objects/Galaxy]"))));
   EXPECT_THAT(world.prompts.TakeMessages(),
               ElementsAre("Map file error:\n\nMap width 0 is below 1.\nMap height 0 is below 1.\n"));
   EXPECT_EQ(document.m_pGrid->Count(), 1);  // a refused file leaves the document as it was
@@ -166,12 +166,11 @@ TEST_F(VastrelDoc, ClosesANewMapThatCannotBeMade) {
   const Row rows[] = {
       {"nothing in the file", "x",
        "Classes not found.\nMap definition not found.\nCell definition not found.\n"},
-      {"a map class without a size",
-       Lines({"[Classes/Map]", "type=\"class\"", "[Classes/Cell]", "type=\"class\""}),
+      {"a map class without a size", Lines("[Classes/Map] type='class' [Classes/Cell] type='class'"),
        "Map width 0 is below 1.\nMap height 0 is below 1.\n"},
       {"no cell class, but a map",
-       Lines({"[Classes/Map]", "type=\"class\"", "[Classes/Map/Width]", "type=\"int\"", "range=\"1<3<5\"",
-              "[Classes/Map/Height]", "type=\"float\"", "range=\"1<3.9<5\""}),
+       Lines("[Classes/Map] type='class' [Classes/Map/Width] type='int' range='1<3<5' "
+             "[Classes/Map/Height] type='float' range='1<3.9<5'"),
        "Cell definition not found.\n"}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.title);
