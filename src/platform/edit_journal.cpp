@@ -2,7 +2,6 @@
 
 #include <cerrno>
 #include <chrono>
-#include <cstdlib>
 #include <filesystem>
 
 #include <fcntl.h>
@@ -14,6 +13,7 @@
 #include <fmt/format.h>
 
 #include "platform/file_calls.h"
+#include "platform/state_folder.h"
 
 namespace quorvel {
 
@@ -69,13 +69,7 @@ int OpenAndHold(const std::string& path, int flags) {
 }  // namespace
 
 std::string EditJournal::FolderFromEnvironment() {
-  const auto folder = [](const char* name) {
-    const char* text = std::getenv(name);
-    return std::string(text != nullptr && text[0] == '/' ? text : "");
-  };
-  std::string state = folder("XDG_STATE_HOME");
-  if (state.empty() && !folder("HOME").empty()) state = folder("HOME") + "/.local/state";
-  return state.empty() ? state : state + "/Kelmsor/Quorvel/journals";
+  return StateFolder("journals");
 }
 
 std::unique_ptr<EditJournal> EditJournal::Create(const std::string& folder) {
