@@ -2,11 +2,13 @@
 
 #include <optional>
 #include <string>
+#include <utility>
 
 #include <fmt/format.h>
 
 #include "map/definitions.h"
 #include "map/fill_settings.h"
+#include "map/kept_fills.h"
 #include "map/locate_definitions.h"
 #include "map/map_fill.h"
 #include "map/map_limits.h"
@@ -47,9 +49,9 @@ bool CVastrelDoc::CreateNewMap(std::string& errorText) {
 
   MapSizeLimits limits;
   GetMapSizeLimits(m_pMapClass, limits);
-  const std::optional<NewMapChoice> choice = services_.mapDialogs.ChooseNewMap(limits, m_pCellClass);
+  std::optional<NewMapChoice> choice = services_.mapDialogs.ChooseNewMap(limits, m_pCellClass);
   if (choice) {
-    FillNewMap(*choice, errorText);
+    FillNewMap(std::move(*choice), errorText);
   } else {
     MakeEmptyMap(limits.defaultWidth.value_or(0), limits.defaultHeight.value_or(0), errorText);
   }
@@ -62,16 +64,22 @@ void CVastrelDoc::MakeEmptyMap(int width, int height, std::string& errorText) {
   UpdateAllViews(nullptr);
 }
 
-void CVastrelDoc::FillNewMap(const NewMapChoice& choice, std::string& errorText) {
-  const int width = ClampNewMapSide(choice.width);
-  const int height = ClampNewMapSide(choice.height);
-  if (!CheckFullMap(*this, width, height, errorText)) return;
+void CVastrelDoc::FillNewMap(NewMapChoice&& choice, std::string& errorText) {
+  const FillSettings settings{.width = ClampNewMapSide(choice.width),
+                              .height = ClampNewMapSide(choice.height),
+                              .seed = static_cast<std::uint32_t>(services_.clock.Seconds()),
+                              .global = std::move(choice.global),
+                              .region = std::move(choice.region)};
+  if (!CheckFullMap(*this, *settings.width, *settings.height, errorText)) return;
   const WaitCursor wait(services_.feedback);
   SetModifiedFlag();
-  MakeGrid(*this, width, height);
+  MakeGrid(*this, *settings.width, *settings.height);
   UpdateAllViews(nullptr);
-  const auto seed = static_cast<std::uint32_t>(services_.clock.Seconds());
-  FillMap(*this, choice.global, choice.region, seed, services_.feedback, *this);
+  FillMap(*this, settings.global, settings.region, *settings.seed, services_.feedback, *this);
+
+  std::string ignored;  // the map is there; that it cannot be made again is no reason to close it
+  if (!services_.fillsFolder.empty())
+    KeepFillSettings(services_.fillsFolder, services_.clock.Seconds(), settings, m_pClasses.get(), ignored);
 }
 
 }  // namespace quorvel

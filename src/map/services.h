@@ -59,6 +59,7 @@ struct Services {
   const Clock& clock;
   std::string
       definitionsFolder;  ///< where the question for the definitions file opens; empty: the system's choice
+  std::string fillsFolder = {};  ///< where the settings of fills are kept; empty: nowhere
 };
 
 }  // namespace quorvel

@@ -72,7 +72,7 @@ class CVastrelDoc : public CDocument, public MapContents, public CellListener {
   bool Store(CArchive& archive);
   void ReportErrors(const std::string& errorText);
   void MakeEmptyMap(int width, int height, std::string& errorText);
-  void FillNewMap(const NewMapChoice& choice, std::string& errorText);
+  void FillNewMap(NewMapChoice&& choice, std::string& errorText);
 
   Services& services_;
   CellListener* journal_ = nullptr;

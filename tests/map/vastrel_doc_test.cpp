@@ -1,10 +1,14 @@
 #include "map/vastrel_doc.h"
 
 #include <cstring>
+#include <sstream>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "map/definitions.h"
+#include "map/fill_settings.h"
+#include "map/map_fill.h"
 #include "platform/doc_template.h"
 #include "platform/registry_settings.h"
 #include "tests/map/scripted_services.h"
@@ -146,6 +150,38 @@ TEST_F(VastrelDoc, FillsTheNewMapAndRedrawsEachCell) {
   EXPECT_EQ(view.hints[0].code, UpdateHint::All);
   EXPECT_EQ(view.hints[3].code, UpdateHint::Cell);
   EXPECT_EQ(view.hints[3].cell, (CellCoord{2, 0}));
+}
+
+TEST_F(VastrelDoc, KeepsTheSettingsThatMakeTheMapAgain) {
+  GiveDefinitions(SampleClasses());
+  world.services.fillsFolder = folder / "fills";
+  std::string errorText;
+  DataBranch definitions({});
+  ASSERT_TRUE(document.LoadDefaultDefinitions(definitions, errorText));
+  NewMapChoice choice{.width = 9, .height = 3, .global = {}, .region = {}};
+  CPropertySetting& counts =
+      choice.global.Add(document.m_pCellClass->FindMember("Count"), CoverageControl::Slider);
+  counts.SetCoverage(33);
+  counts.AddValue().StoreText("9");
+  counts.AddValue().StoreText("-7");
+  counts.SetShare(counts.GetValues()[0].get(), 70);
+  world.mapDialogs.newMaps.emplace_back(std::move(choice));
+  ASSERT_TRUE(document.CreateNewMap(errorText));
+
+  DataBranch file({});
+  std::stringbuf text(folder.Read("fills/1970-01-01-000001.txt"));
+  file.ReadText(&text);
+  MapContents again;
+  BuildTypes(file, again, errorText);
+  const std::optional<FillSettings> settings = ReadFillSettings(file, again.m_pCellClass, errorText);
+  ASSERT_TRUE(settings) << errorText;
+  MakeGrid(again, *settings->width, *settings->height);
+  FillMap(again, settings->global, settings->region, *settings->seed, world.feedback, document);
+  const auto cells = [](const MapContents& map) {
+    const std::string all = Describe(map);
+    return all.substr(all.find("9 x 3"));
+  };
+  EXPECT_EQ(cells(again), cells(document));
 }
 
 TEST_F(VastrelDoc, ACancelledWizardLeavesTheEmptyMap) {
