@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "data/c_numbers.h"
+#include "map/control_escapes.h"
 
 namespace quorvel {
 
@@ -15,24 +16,9 @@ namespace {
 
 constexpr std::string_view kKindNames[] = {"string", "int", "float", "index", "object"};
 
-/// Whether the byte would disturb a terminal or split a line.
-bool IsControl(char byte) {
-  return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7f;
-}
-
-void AppendVisible(std::string& line, std::string_view text) {
-  constexpr char kDigits[] = "0123456789ABCDEF";
-  for (const char byte : text) {
-    if (IsControl(byte))
-      (((line += '%') += kDigits[byte >> 4]) += kDigits[byte & 15]);
-    else
-      line += byte;
-  }
-}
-
 std::string MemberLine(const MemberDef& member, std::string_view fact) {
   std::string line = "member ";
-  AppendVisible(line, member.GetName());
+  AppendWithEscapes(line, member.GetName());
   return (line += ": ") += fact;
 }
 
@@ -208,14 +194,14 @@ class MapComparison {
   std::string CellLine(CellCoord cell, const MemberPair& pair, ClassInstance inA, ClassInstance inB) const {
     std::string line = FormatInt(a_.m_pGrid->IndexOf(cell)) + "(" + FormatInt(cell.column) + ":" +
                        FormatInt(cell.row) + ") ";
-    AppendVisible(line, pair.a.member->GetName());
+    AppendWithEscapes(line, pair.a.member->GetName());
     line += ": ";
     std::string value;
     pair.a.member->FormatValue(value, pair.a.Slot(inA));
-    AppendVisible(line, value);
+    AppendWithEscapes(line, value);
     line += " -> ";
     pair.b.member->FormatValue(value, pair.b.Slot(inB));
-    AppendVisible(line, value);
+    AppendWithEscapes(line, value);
     return line;
   }
 
