@@ -1,0 +1,76 @@
+#include <ostream>
+#include <sstream>
+
+#include "cli/command.h"
+#include "cli/progress_bar.h"
+#include "cli/read_outcome.h"
+#include "map/control_escapes.h"
+#include "map/map_check.h"
+#include "map/map_limits.h"
+
+namespace quorvel {
+
+namespace {
+
+/// What cannot be read twice goes into memory first.
+void Check(FileSource& source, Feedback& feedback, const ProblemSink& report) {
+  if (source.CanSeek()) {
+    CheckFile(source, feedback, report);
+    return;
+  }
+  std::stringbuf inMemory;
+  std::ostream(&inMemory) << &source;
+  if (source.Error().empty()) CheckFile(inMemory, feedback, report);
+}
+
+class CheckCommand : public Command {
+ public:
+  void Declare(CLI::App& app) override {
+    app.add_option("FILE", files_, "Maps of either form, or definitions files")->required();
+    app.footer(
+        "One problem a line, with the number of the file's line where it can be named; silent when all is "
+        "well.\n"
+        "\n"
+        "Examples:\n"
+        "  quorvel-map check Definitions.txt\n"
+        "  quorvel-map check *.vrl || echo 'not all is well'");
+  }
+
+  ExitCode Run(Console& console) override {
+    ExitCode code = ExitCode::Done;
+    for (const std::string& path : files_) code = Worse(code, CheckOne(console, path));
+    return code;
+  }
+
+ private:
+  static ExitCode CheckOne(Console& console, const std::string& path) {
+    ExitCode code = ExitCode::Done;
+    FileSource source(path, FileSource::Accept::AnyInput, kMaxTextFileBytes);
+    if (source.IsOpen()) {
+      const auto feedback = MakeFeedback(console.progress);
+      Check(source, *feedback, [&](const Problem& problem) {
+        code = ExitCode::No;
+        Print(console.Out(), path, problem);
+      });
+    }
+    return Worse(code, ReadOutcome(console, path, source));
+  }
+
+  static void Print(Results& out, const std::string& path, const Problem& problem) {
+    std::string& line = out.Line();
+    (line += path) += ": ";
+    if (problem.line != 0) (line += std::to_string(problem.line)) += ": ";
+    AppendWithEscapes(line, problem.text);
+    out.EndLine();
+  }
+
+  std::vector<std::string> files_;
+};
+
+}  // namespace
+
+std::unique_ptr<Command> MakeCheckCommand() {
+  return std::make_unique<CheckCommand>();
+}
+
+}  // namespace quorvel
