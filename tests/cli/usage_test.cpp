@@ -1,0 +1,146 @@
+#include <csignal>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/cli/tool_run.h"
+
+namespace quorvel {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+TEST(Usage, WrongArgumentsAreTroubleOnStandardError) {
+  const std::vector<std::vector<std::string>> rows = {
+      {},
+      {"unknown"},
+      {"--unknown"},
+      {"new"},                             // no OUT
+      {"new", "--size", "10", "out.vrl"},  // no height
+      {"new", "--size", "10x", "out.vrl"},
+      {"new", "--size", "0x10", "out.vrl"},  // sides are 1 to 1000
+      {"new", "--size", "10x1001", "out.vrl"},
+      {"new", "--size", "-3x4", "out.vrl"},
+      {"new", "--size", "4294967297x1", "out.vrl"},  // would be 1 in 32 bits
+      {"new", "--size", "3x4x5", "out.vrl"},
+      {"new", "--seed", "4294967296", "out.vrl"},  // seeds have 32 bits
+      {"new", "--seed", "-1", "out.vrl"},
+      {"new", "--seed", "7a", "out.vrl"},
+      {"new", "--form", "xml", "out.vrl"},
+      {"new", "--form", "Text", "out.vrl"},
+      {"convert", "in.vrl", "out.vrl"},  // no form
+      {"convert", "--form", "text", "in.vrl"},
+      {"rewrite", "in.gdf"},
+      {"rewrite", "in.gdf", "out.gdf", "more.gdf"},
+      {"info"},
+      {"check"},
+      {"diff", "a.vrl"},
+      {"render", "in.vrl"},
+      {"render", "--cell-size", "9", "in.vrl", "out.png"},
+      {"render", "--cell-size", "101", "in.vrl", "out.png"},
+      {"render", "--cell-size", "abc", "in.vrl", "out.png"},
+      {"render", "--cells", "1,2,3", "in.vrl", "out.png"},
+      {"render", "--cells", "1,2,3,x", "in.vrl", "out.png"},
+      {"render", "in.vrl", "out.gif"},  // neither picture nor document
+      {"dump", "in.vrl"},
+      {"dump", "trees", "in.vrl"},
+      {"dump", "tree"},
+  };
+  for (const auto& arguments : rows) {
+    SCOPED_TRACE(testing::PrintToString(arguments));
+    const ToolRun run = RunMapTool(arguments);
+    EXPECT_EQ(run.code, 2);
+    EXPECT_EQ(run.out, "");
+    EXPECT_THAT(run.err, StartsWith("quorvel-map: "));
+  }
+}
+
+TEST(Usage, HelpAndVersionGoToStandardOutput) {
+  EXPECT_EQ(RunMapTool({"--version"}).out, "quorvel-map 0.0.0.3\n");
+  const ToolRun help = RunMapTool({"--help"});
+  EXPECT_EQ(help.code, 0);
+  EXPECT_EQ(help.err, "");
+  for (const char* command : {"new", "convert", "rewrite", "info", "check", "diff", "render", "dump"}) {
+    SCOPED_TRACE(command);
+    EXPECT_THAT(help.out, HasSubstr(command));
+    const ToolRun run = RunMapTool({command, "--help"});
+    EXPECT_EQ(run.code, 0);
+    EXPECT_THAT(run.out, HasSubstr("quorvel-map " + std::string(command)));
+    EXPECT_THAT(run.out, HasSubstr("Examples:"));
+  }
+}
+
+TEST(Usage, CompletionAndManualKnowEveryOption) {
+  const std::string completion = ReadBytes(QUORVEL_SOURCE_DIR "/share/completions/quorvel-map");
+  const std::string manual = ReadBytes(QUORVEL_SOURCE_DIR "/share/man/quorvel-map.1");
+  for (const char* command : {"new", "convert", "rewrite", "info", "check", "diff", "render", "dump"}) {
+    const std::string help = RunMapTool({command, "--help"}).out;
+    for (std::size_t at = help.find("  --"); at != help.npos; at = help.find("  --", at + 2)) {
+      const std::size_t end = help.find_first_of(" ,\n", at + 2);
+      const std::string option = help.substr(at + 2, end - at - 2);
+      SCOPED_TRACE(std::string(command) + " " + option);
+      EXPECT_THAT(completion, HasSubstr(option));
+      std::string inManual;
+      for (const char byte : option) (byte == '-' ? inManual += '\\' : inManual) += byte;
+      EXPECT_THAT(manual, HasSubstr(inManual));
+    }
+  }
+}
+
+TEST(Usage, FilesMayBeNamedLikeCommandsAndOptions) {
+  const TestFolder folder;
+  folder.Write("info", "a=1\r\n");
+  folder.Write("-x", "a=1\r\n");
+  folder.Write("[b]", "a=1\r\n");
+  const RunSettings inFolder{.input = {}, .outPath = {}, .folder = folder.Path().string(), .environment = {}};
+  EXPECT_EQ(RunMapTool({"dump", "tree", "info"}, inFolder).out, "L a 0 31\n");
+  EXPECT_EQ(RunMapTool({"dump", "tree", "--", "-x"}, inFolder).out, "L a 0 31\n");
+  EXPECT_EQ(RunMapTool({"dump", "tree", "[b]"}, inFolder).out, "L a 0 31\n");
+}
+
+TEST(Usage, FilesThatCannotBeReadAreTrouble) {
+  const TestFolder folder;
+  const std::string missing = folder / "missing.vrl";
+  const std::string out = folder / "out.png";
+  const std::vector<std::vector<std::string>> rows = {
+      {"new", "--definitions", missing, out},
+      {"new", "--settings", missing, out},
+      {"convert", "--form", "text", missing, out},
+      {"rewrite", missing, out},
+      {"info", missing},
+      {"check", missing},
+      {"diff", missing, missing},
+      {"render", missing, out},
+      {"dump", "tree", missing},
+      {"dump", "defs", missing},
+      {"dump", "map", missing},
+      {"dump", "fill", missing},
+      {"dump", "fill-log", missing},
+      {"info", folder.Path().string()},
+      {"rewrite", folder.Path().string(), out},
+  };
+  for (const auto& arguments : rows) {
+    SCOPED_TRACE(testing::PrintToString(arguments));
+    const ToolRun run = RunMapTool(arguments);
+    EXPECT_EQ(run.code, 2);
+    EXPECT_THAT(run.err, StartsWith("quorvel-map: " + folder.Path().string()));
+    EXPECT_EQ(folder.Names(), std::vector<std::string>{});
+  }
+}
+
+TEST(Usage, ResultsThatCannotBeWrittenAreTrouble) {
+  const TestFolder folder;
+  const std::string tree = folder.Write("in.gdf", "a=1\r\n");
+  const RunSettings toFull{.input = {}, .outPath = "/dev/full", .folder = {}, .environment = {}};
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{"dump", "tree", tree}, {"rewrite", tree, "-"}, {"--help"}, {"--version"}}) {
+    SCOPED_TRACE(testing::PrintToString(arguments));
+    const ToolRun run = RunMapTool(arguments, toFull);
+    EXPECT_EQ(run.code, 2);
+    EXPECT_THAT(run.err, HasSubstr("No space left on device"));
+  }
+}
+
+}  // namespace
+}  // namespace quorvel
