@@ -24,9 +24,34 @@ PixelRuns RunsOf(const QImage& image, QRgb colour, QPoint corner) {
   return runs;
 }
 
-QRect BoundsOf(const PixelRuns& runs) {
+/// Rows that have pixels of the pen or the area.
+BodyRows BodyRowsOf(const QImage& image, const CellColours& colours, QPoint corner) {
+  BodyRows rows;
+  for (int y = 0; y < image.height(); ++y) {
+    const auto* row = reinterpret_cast<const QRgb*>(image.constScanLine(y));
+    const auto isInk = [&](QRgb pixel) { return pixel == colours.pen || pixel == colours.fill; };
+    int left = 0;
+    int right = image.width();
+    while (left < right && !isInk(row[left])) ++left;
+    while (left < right && !isInk(row[right - 1])) --right;
+    if (left == right) continue;
+    int fillLeft = left;
+    int fillRight = right;
+    while (fillLeft < fillRight && row[fillLeft] != colours.fill) ++fillLeft;
+    while (fillLeft < fillRight && row[fillRight - 1] != colours.fill) --fillRight;
+    const auto fromCorner = [&](int x) { return static_cast<std::int16_t>(x - corner.x()); };
+    rows.push_back({static_cast<std::int16_t>(y - corner.y()), fromCorner(left), fromCorner(fillLeft),
+                    fromCorner(fillRight), fromCorner(right)});
+  }
+  return rows;
+}
+
+QRect BoundsOf(const CellShape& shape) {
   QRect bounds;
-  for (const PixelRun& run : runs) bounds |= QRect(run.x, run.y, run.length, 1);
+  for (const BodyRow& row : shape.body) bounds |= QRect(row.left, row.y, row.right - row.left, 1);
+  for (const PixelRuns* runs : {&shape.mark, &shape.rim}) {
+    for (const PixelRun& run : *runs) bounds |= QRect(run.x, run.y, run.length, 1);
+  }
   return bounds;
 }
 
@@ -45,14 +70,12 @@ CellShape CellShape::ReadFrom(const PlainPainter& painter, const CellFigure& fig
     painter.DrawBody(device, corner, figure, kColours);
   }
   constexpr QRgb kInverted = 0xffffffff;
-  CellShape shape = {RunsOf(body, kColours.pen, corner),
-                     RunsOf(body, kColours.fill, corner),
+  CellShape shape = {BodyRowsOf(body, kColours, corner),
                      RunsOf(mark, kInverted, corner),
                      RunsOf(rim, kInverted, corner),
                      {},
                      figure.label};
-  for (const PixelRuns* runs : {&shape.pen, &shape.fill, &shape.mark, &shape.rim})
-    shape.ink |= BoundsOf(*runs);
+  shape.ink = BoundsOf(shape);
   return shape;
 }
 

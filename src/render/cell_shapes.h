@@ -18,10 +18,21 @@ struct PixelRun {
 };
 using PixelRuns = std::vector<PixelRun>;  // by rows, then from left to right
 
+/// One row of a cell's outline and area: pen from `left` to before `right`, except for the area's colour from
+/// `fillLeft` to before `fillRight`, from the cell's corner. Hexagons are convex, so there are no more
+/// pieces.
+struct BodyRow {
+  std::int16_t y;
+  std::int16_t left;
+  std::int16_t fillLeft;
+  std::int16_t fillRight;
+  std::int16_t right;
+};
+using BodyRows = std::vector<BodyRow>;
+
 /// The pixels of one figure as the plain painter draws it.
 struct CellShape {
-  PixelRuns pen;
-  PixelRuns fill;
+  BodyRows body;
   PixelRuns mark;  ///< inverted where the cell is marked
   PixelRuns rim;   ///< inverted where the cell is the current one
   QRect ink;       ///< bounds of all of them

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstring>
-#include <iterator>
 #include <utility>
 
 #include <QImage>
@@ -13,74 +12,95 @@
 namespace quorvel {
 namespace {
 
-constexpr std::size_t kBytesBesidePixels = sizeof(LabelImage) + 64;  // node, bucket, allocations
-
-std::uint64_t KeyOf(const MemberDef& member, std::uint32_t memberNumber, const CellRecord& record) {
+std::uint32_t ValueOf(const MemberDef& member, const CellRecord& record) {
   std::uint32_t value = 0;  // an object member shows the same for all values
   if (const void* slot = member.GetValuePtr(record.data)) std::memcpy(&value, slot, sizeof value);
-  return std::uint64_t{memberNumber} << 32 | value;
+  return value;
 }
 
-/// Adds a line's pixels, `width` by `height` of them, below what the image has.
-void Append(LabelImage& image, const QImage& line, int width, int height) {
-  for (int y = 0; y < height; ++y) {
+/// Adds the ink of the line's first `rows` rows, `top` rows below the image's top.
+void AddInk(LabelImage& image, const QImage& line, int top, int rows) {
+  for (int y = 0; y < rows; ++y) {
+    const std::size_t before = image.ink.size();
     const auto* row = reinterpret_cast<const QRgb*>(line.constScanLine(y));
-    std::transform(row, row + width, std::back_inserter(image.black),
-                   [](QRgb pixel) { return static_cast<std::uint8_t>(qAlpha(pixel)); });
+    for (int x = 0; x < line.width(); ++x) {
+      const int black = qAlpha(row[x]);
+      if (black == 0) continue;
+      image.ink.push_back({static_cast<std::uint16_t>(x), static_cast<std::uint16_t>(black)});
+      image.width = std::max(image.width, x + 1);
+    }
+    if (image.ink.size() > before)
+      image.rows.push_back({top + y, static_cast<std::uint32_t>(image.ink.size())});
   }
-  image.width = width;
-  image.height += height;
-}
-
-/// Drops the blank columns at the right and the blank rows at the top and at the bottom.
-LabelImage Trimmed(const LabelImage& whole) {
-  LabelImage image;
-  image.lines = whole.lines;
-  image.top = whole.height;
-  int bottom = 0;
-  const auto row = [&](int y) { return whole.black.begin() + std::ptrdiff_t{y} * whole.width; };
-  for (int y = 0; y < whole.height; ++y) {
-    int end = whole.width;
-    while (end > 0 && row(y)[end - 1] == 0) --end;
-    if (end == 0) continue;
-    image.width = std::max(image.width, end);
-    image.top = std::min(image.top, y);
-    bottom = y + 1;
-  }
-  image.height = std::max(0, bottom - image.top);
-  for (int y = image.top; y < bottom; ++y)
-    image.black.insert(image.black.end(), row(y), row(y) + image.width);
-  return image;
 }
 
 }  // namespace
 
-const LabelImage& LabelImages::Of(const MemberDef& member, std::uint32_t memberNumber,
+const LabelImage& LabelImages::Of(const MemberDef& member, std::size_t memberNumber,
                                   const CellRecord& record) {
-  const std::uint64_t key = KeyOf(member, memberNumber, record);
-  if (const auto found = young_.find(key); found != young_.end()) return found->second;
-
-  auto node = old_.extract(key);
-  LabelImage image = node ? std::move(node.mapped()) : Draw(member, record);
-  MakeRoom();
-  youngBytes_ += kBytesBesidePixels + image.black.size();
-  return young_.emplace(key, std::move(image)).first->second;
+  const std::uint32_t value = ValueOf(member, record);
+  if (memberNumber < members_.size()) {
+    if (const std::uint32_t image = members_[memberNumber].Find(value); image != ByValue::kNone)
+      return images_[image];
+  }
+  if (Bytes() > kMaxBytes) Forget();
+  if (memberNumber >= members_.size()) members_.resize(memberNumber + 1);
+  const std::uint32_t image = Add(Draw(member, record));
+  members_[memberNumber].Add(value, image);
+  return images_[image];
 }
 
-void LabelImages::MakeRoom() {
-  if (youngBytes_ < kMaxBytes / 2) return;
-  old_ = std::exchange(young_, {});
-  youngBytes_ = 0;
+/// The place that holds the value, or the free one where it belongs. Neighbouring values, such as texts added
+/// one after the other, come to lie far apart (Fibonacci hashing).
+std::size_t LabelImages::ByValue::PlaceOf(std::uint32_t value) const {
+  const std::size_t mask = slots_.size() - 1;
+  std::size_t at = (value * 0x9e3779b97f4a7c15U >> 32) & mask;
+  while (slots_[at].image != kNone && slots_[at].value != value) at = (at + 1) & mask;
+  return at;
+}
+
+void LabelImages::ByValue::Add(std::uint32_t value, std::uint32_t image) {
+  slots_[PlaceOf(value)] = {value, image};
+  if (++taken_ * 2 <= slots_.size()) return;
+  const std::vector<Slot> old = std::exchange(slots_, std::vector<Slot>(slots_.size() * 2, Slot{0, kNone}));
+  for (const Slot& slot : old) {
+    if (slot.image != kNone) slots_[PlaceOf(slot.value)] = slot;
+  }
+}
+
+std::uint32_t LabelImages::Add(LabelImage image) {
+  const auto next = static_cast<std::uint32_t>(images_.size());
+  const auto [known, isNew] = known_.try_emplace(image, next);
+  if (isNew) {
+    inkBytes_ +=
+        2 * (image.ink.size() * sizeof(InkPixel) + image.rows.size() * sizeof(InkRow) + 2 * sizeof image);
+    images_.push_back(std::move(image));
+  }
+  return known->second;
+}
+
+std::size_t LabelImages::Bytes() const {
+  std::size_t bytes = inkBytes_;
+  for (const ByValue& member : members_) bytes += member.Bytes();
+  return bytes;
+}
+
+/// All at once: the bytes hold many times what a screen shows.
+void LabelImages::Forget() {
+  members_.clear();
+  images_.clear();
+  known_.clear();
+  inkBytes_ = 0;
 }
 
 LabelImage LabelImages::Draw(const MemberDef& member, const CellRecord& record) const {
   LabelImage image;
   for (const QString& line : LabelLines(member, record)) {
-    const int height = std::min(font_.lineHeight, size_.height() - image.height);
-    if (height > 0) Append(image, font_.Draw(line, size_.width()), size_.width(), height);
-    ++image.lines;
+    const int top = image.lines++ * font_.lineHeight;
+    const int rows = std::min(font_.lineHeight, size_.height() - top);
+    if (rows > 0 && !line.isEmpty()) AddInk(image, font_.Draw(line, size_.width()), top, rows);
   }
-  return Trimmed(image);
+  return image;
 }
 
 }  // namespace quorvel

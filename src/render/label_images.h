@@ -1,8 +1,9 @@
 #pragma once
 
+#include <compare>
 #include <cstddef>
 #include <cstdint>
-#include <unordered_map>
+#include <map>
 #include <vector>
 
 #include <QSize>
@@ -14,13 +15,31 @@ namespace quorvel {
 
 class MemberDef;
 
-/// The lines that one member adds to a label, as the share of black (0 to 255) of each pixel.
+/// A pixel that a text darkens.
+struct InkPixel {
+  std::uint16_t x;      ///< from the left end of the lines
+  std::uint16_t black;  ///< share of black, 1 to 255
+
+  friend auto operator<=>(const InkPixel&, const InkPixel&) = default;
+};
+
+/// The ink of one row of pixels, `y` below the first line's top: up to before `end` in the image's ink, from
+/// where the row before ended.
+struct InkRow {
+  std::int32_t y;
+  std::uint32_t end;
+
+  friend auto operator<=>(const InkRow&, const InkRow&) = default;
+};
+
+/// The lines that one member adds to a label.
 struct LabelImage {
-  int lines = 0;                    ///< by which the next member's first line stands lower
-  int top = 0;                      ///< rows above are blank
-  int width = 0;                    ///< columns from here on are blank
-  int height = 0;                   ///< rows held
-  std::vector<std::uint8_t> black;  ///< width * height
+  int lines = 0;              ///< by which the next member's first line stands lower
+  int width = 0;              ///< all ink lies left of it
+  std::vector<InkRow> rows;   ///< those with ink, from the top; none: blank
+  std::vector<InkPixel> ink;  ///< from left to right
+
+  friend auto operator<=>(const LabelImage&, const LabelImage&) = default;
 };
 
 /// Label images, drawn when first needed and kept up to a number of bytes. What a member shows of a cell
@@ -31,27 +50,50 @@ class LabelImages {
   /// Images as large as a label may be, at a pixel ratio.
   LabelImages(QSize labelSize, double pixelRatio) : size_(labelSize), font_(LabelFont::At(pixelRatio)) {}
 
-  /// The image of a record's value; `memberNumber` tells the members of the cell class apart. Good until the
-  /// next call.
-  const LabelImage& Of(const MemberDef& member, std::uint32_t memberNumber, const CellRecord& record);
+  /// The image of a record's value; `memberNumber` is the member's place in the cell class.
+  /// Good until the next call.
+  const LabelImage& Of(const MemberDef& member, std::size_t memberNumber, const CellRecord& record);
 
   int LineHeight() const { return font_.lineHeight; }
 
   static constexpr std::size_t kMaxBytes = 32'000'000;
 
  private:
-  using Images = std::unordered_map<std::uint64_t, LabelImage>;
+  /// The images of one member's values: a hash table, probed one place after the other. A map may hold a text
+  /// of its own for every cell, so what a painting looks up must lie close together: 8 bytes a value.
+  class ByValue {
+   public:
+    static constexpr std::uint32_t kNone = 0xffffffff;
 
+    std::uint32_t Find(std::uint32_t value) const { return slots_[PlaceOf(value)].image; }
+    void Add(std::uint32_t value, std::uint32_t image);
+    std::size_t Bytes() const { return slots_.size() * sizeof(Slot); }
+
+   private:
+    struct Slot {
+      std::uint32_t value;
+      std::uint32_t image;  // kNone: free
+    };
+
+    std::size_t PlaceOf(std::uint32_t value) const;
+
+    std::vector<Slot> slots_ =
+        std::vector<Slot>(64, Slot{0, kNone});  // a power of two, at most half of them taken
+    std::size_t taken_ = 0;
+  };
+
+  std::uint32_t Add(LabelImage image);
   LabelImage Draw(const MemberDef& member, const CellRecord& record) const;
-  void MakeRoom();
+  std::size_t Bytes() const;
+  void Forget();
 
   QSize size_;
   LabelFont font_;
-  // Two generations: images still in use move from the old one to the young one, the rest goes at once when
-  // the young one has its share of the bytes.
-  Images young_;
-  Images old_;
-  std::size_t youngBytes_ = 0;
+  std::vector<ByValue> members_;  // by member number
+  std::vector<LabelImage> images_;
+  // Much of what texts differ in is cut off, so many values share an image.
+  std::map<LabelImage, std::uint32_t> known_;
+  std::size_t inkBytes_ = 0;
 };
 
 }  // namespace quorvel

@@ -1,6 +1,8 @@
 #include "render/map_painter.h"
 
+#include <cmath>
 #include <optional>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -28,15 +30,30 @@ MapRect PartOf(const QRect& area, CellCorner origin) {
           origin.y + area.bottom() + 1};
 }
 
+/// The shades of the colours that maps fill cells with: mostly a few.
+class GroundShades {
+ public:
+  /// Good until the next call.
+  const Shades& Of(QRgb colour) {
+    if (shades_.size() > kMostColours) shades_.clear();
+    return shades_.try_emplace(colour, colour).first->second;
+  }
+
+ private:
+  static constexpr std::size_t kMostColours = 1000;
+  std::unordered_map<QRgb, Shades> shades_;
+};
+
 /// One painting of one area.
 class Pass {
  public:
-  Pass(const MapContents& map, const MapLook& look, CellShapes& shapes, LabelImages& labels, PixelArea area,
-       CellCorner origin)
+  Pass(const MapContents& map, const MapLook& look, CellShapes& shapes, LabelImages& labels,
+       GroundShades& shades, PixelArea area, CellCorner origin)
       : map_(map),
         look_(look),
         shapes_(shapes),
         labels_(labels),
+        shades_(shades),
         area_(area),
         origin_(origin),
         part_(PartOf(area.Clip(), origin)) {}
@@ -50,12 +67,13 @@ class Pass {
   std::vector<Place> PlaceColumns(std::int32_t first, std::int32_t last);
   Place PlaceRow(std::int32_t column, std::int32_t row);
   void PaintCell(CellCoord cell, Place column, Place row);
-  void PaintLabel(const CellRecord& record, const QRect& label);
+  void PaintLabel(const CellRecord& record, const QRect& label, QRgb ground);
 
   const MapContents& map_;
   const MapLook& look_;
   CellShapes& shapes_;
   LabelImages& labels_;
+  GroundShades& shades_;
   PixelArea area_;
   CellCorner origin_;  // the frame's pixel (0, 0)
   MapRect part_;       // the area, in device pixels of the whole map
@@ -100,28 +118,27 @@ Place Pass::PlaceRow(std::int32_t column, std::int32_t row) {
 void Pass::PaintCell(CellCoord cell, Place column, Place row) {
   const CellShape& shape = shapes_.Shape(cell, column.kind, row.kind);
   const QPoint corner(column.at, row.at);
-  if (!area_.Clip().intersects(shape.ink.translated(corner))) return;
+  if (!area_.Meets(shape.ink.translated(corner))) return;
 
   const int index = cell.row * map_.m_pGrid->Width() + cell.column;
   if (const auto record = map_.m_pGrid->Find(index)) {
     const CellColours colours = CellColours::Of(look_, *record);
-    area_.Fill(corner, shape.pen, colours.pen);
-    area_.Fill(corner, shape.fill, colours.fill);
+    area_.Fill(corner, shape, colours.pen, colours.fill);
     if (look_.labels == Labels::Shown && !colours.isFaded)
-      PaintLabel(*record, shape.label.translated(corner));
+      PaintLabel(*record, shape.label.translated(corner), colours.fill);
   }
   if (IsMarked(map_, index)) area_.Invert(corner, shape.mark);
   if (cell == look_.currentCell) area_.Invert(corner, shape.rim);
 }
 
-void Pass::PaintLabel(const CellRecord& record, const QRect& label) {
+void Pass::PaintLabel(const CellRecord& record, const QRect& label, QRgb ground) {
   if (map_.m_pCellClass == nullptr) return;
   QPoint place = label.topLeft();
-  std::uint32_t memberNumber = 0;
+  std::size_t memberNumber = 0;
   for (const auto& member : map_.m_pCellClass->Members()) {
     if (place.y() > label.bottom()) return;
     const LabelImage& image = labels_.Of(*member, memberNumber++, record);
-    area_.Blacken(place, image, label);
+    if (!image.rows.empty()) area_.Blacken(place, image, label, shades_.Of(ground));
     place.ry() += image.lines * labels_.LineHeight();
   }
 }
@@ -133,6 +150,7 @@ struct MapPainter::Caches {
   std::optional<std::pair<float, double>> kind;
   std::optional<CellShapes> shapes;
   std::optional<LabelImages> labels;
+  GroundShades shades;
 
   void PrepareFor(const MapLook& look);
   void MakeLabels();
@@ -146,11 +164,12 @@ void MapPainter::Caches::PrepareFor(const MapLook& look) {
   MakeLabels();
 }
 
-/// Rounding may give the label of some cells a pixel more than that of others.
 void MapPainter::Caches::MakeLabels() {
   if (!shapes) return;
   const QRect label = CellFigure::Of({0, 0}, shapes->Metrics(), shapes->Scale()).label;
-  labels.emplace(label.size() + QSize(1, 1), shapes->Scale().ratio);
+  const double ratio = shapes->Scale().ratio;
+  const int rounding = ratio == std::floor(ratio) ? 0 : 1;  // by which the labels of some cells are larger
+  labels.emplace(label.size() + QSize(rounding, rounding), ratio);
 }
 
 MapPainter::MapPainter() : caches_(std::make_unique<Caches>()) {}
@@ -161,7 +180,8 @@ void MapPainter::Paint(const MapContents& map, const MapLook& look, QImage& fram
   const QRect clip = area & frame.rect();
   if (map.m_pGrid == nullptr || clip.isEmpty()) return;
   caches_->PrepareFor(look);
-  Pass pass(map, look, *caches_->shapes, *caches_->labels, PixelArea(frame, clip), {originX, originY});
+  Pass pass(map, look, *caches_->shapes, *caches_->labels, caches_->shades, PixelArea(frame, clip),
+            {originX, originY});
   pass.PaintGround();
   pass.PaintCells();
 }

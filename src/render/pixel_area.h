@@ -1,5 +1,8 @@
 #pragma once
 
+#include <array>
+#include <cstddef>
+
 #include <QImage>
 #include <QRect>
 
@@ -7,6 +10,14 @@
 #include "render/label_images.h"
 
 namespace quorvel {
+
+/// A colour under every share of black, 0 to 255. Looking them up is several times as fast as blending.
+struct Shades {
+  explicit Shades(QRgb ground);
+
+  QRgb colour;
+  std::array<QRgb, 256> under;
+};
 
 /// The pixels of a frame (Format_RGB32) that may be written; whatever is drawn is clipped to them. Places are
 /// frame pixels.
@@ -16,19 +27,23 @@ class PixelArea {
   PixelArea(QImage& frame, const QRect& clip);
 
   const QRect& Clip() const { return clip_; }
+  /// Both rectangles not empty.
+  bool Meets(const QRect& rect) const {
+    return rect.left() <= clip_.right() && rect.right() >= clip_.left() && rect.top() <= clip_.bottom() &&
+           rect.bottom() >= clip_.top();
+  }
 
   void FillRect(const QRect& rect, QRgb colour);
-  void Fill(QPoint corner, const PixelRuns& runs, QRgb colour);
+  void Fill(QPoint corner, const CellShape& shape, QRgb pen, QRgb fill);
   void Invert(QPoint corner, const PixelRuns& runs);
-  /// Lays the image's black over what is there, inside `within` only. `place`: the left end of its first
-  /// line's top.
-  void Blacken(QPoint place, const LabelImage& image, const QRect& within);
+  /// Lays the image's black over what is there, inside `within` only; `place` is the left end of its first
+  /// line's top. Most of what is there has the colour that the shades are of.
+  void Blacken(QPoint place, const LabelImage& image, const QRect& within, const Shades& shades);
 
  private:
   QRgb* Row(int y) const { return pixels_ + y * stride_; }
-  /// Calls paint(first pixel, count) for the part of each run that lies in the clip.
-  template <class Paint>
-  void ForEachRun(QPoint corner, const PixelRuns& runs, Paint paint);
+  /// Pixels of row y from x to before `end`, as far as they lie in the clip.
+  void FillClipped(int y, int x, int end, QRgb colour);
 
   QRgb* pixels_;
   std::ptrdiff_t stride_;  // in pixels
