@@ -65,14 +65,6 @@ std::vector<std::string> FillGlobally(MapContents& map, float coverage, const st
   return Values(map, "Wealth");
 }
 
-std::vector<std::string> FillRegions(MapContents& map, const std::vector<ValueRow>& values) {
-  CPropertySettingList region;
-  AddSetting(region, Member(map, "Name"), 100, values);
-  FillLog log;
-  FillMap(map, {}, region, 0, log, log);
-  return Values(map, "Name");
-}
-
 /// Seed 1 draws 41, 18467, 6334, 26500, 19169, ... of 32767: 0.13, 56.36, 19.33, 80.87, 58.50 percent.
 /// Cell 0: covered (0.13 <= 50), second value (56.36 <= 30 + 70). Cell 1: the same (19.33, 80.87). Cell
 /// 2: 58.50 is not covered. Then the regions: their seeds are cells 0 and 2, and both reach cell 1 in the
@@ -128,68 +120,45 @@ TEST(MapFill, CoverageAndSharesAgainstTheDraws) {
   }
 }
 
-TEST(MapFill, TheSeedDecides) {
-  MapContents first = MapOfEveryKind(20, 20), same = MapOfEveryKind(20, 20), other = MapOfEveryKind(20, 20);
-  const std::vector<ValueRow> values = {{"1", 50}, {"2", 50}};
-  EXPECT_EQ(FillGlobally(first, 60, values, 4'000'000'000U), FillGlobally(same, 60, values, 4'000'000'000U));
-  EXPECT_NE(Values(first, "Wealth"), FillGlobally(other, 60, values, 4'000'000'001U));
-}
-
-TEST(MapFill, RegionsOfASixByFourMap) {
-  MapContents map = MapOfEveryKind(6, 4);
-  // A's origin lies left of the first column, so it begins at the lowest free cell, 0; B begins at cell 23.
-  const auto names = FillRegions(map, {{"A", 0, 0, 0}, {"B", 0, 100, 100}});
-  std::string picture;
-  for (const std::string& name : names) picture += name;
-  EXPECT_EQ(picture,
-            "-AAA-B"
-            "AAA-BB"
-            "AA-BBB"
-            "A-BBB-");
-}
-
-TEST(MapFill, RegionsOfOneRow) {
-  struct Row {
-    int width;
-    std::string cells;
-  };
-  const Row rows[] = {{2, "--"}, {3, "---"}, {4, "-AB-"}, {5, "-A-B-"}, {7, "-AA-BB-"}};
-  for (const Row& row : rows) {
-    MapContents map = MapOfEveryKind(row.width, 1);
-    std::string picture;
-    for (const std::string& name : FillRegions(map, {{"A", 0, 0, 0}, {"B", 0, 100, 100}})) picture += name;
-    EXPECT_EQ(picture, row.cells);
-  }
-}
-
-/// Only the seed cell of a single region stays empty.
-TEST(MapFill, WhereRegionsBegin) {
+TEST(MapFill, WhereRegionsBeginAndMeet) {
   struct Row {
     const char* why;
     int width, height;
-    float x, y;
-    std::int32_t seed;
+    std::vector<ValueRow> values;
+    std::string cells;  // "-": a seed, or a border
   };
-  constexpr Row rows[] = {{"the middle", 5, 5, 50, 50, 12},
-                          {"the last corner", 6, 4, 100, 100, 23},
-                          {"the widest map whose right edge is hit", 24, 2, 100, 100, 47},
-                          {"one wider: past the hit test, so the first free cell", 25, 2, 100, 100, 0},
-                          {"above a lowered column", 4, 4, 40, 1, 0}};
+  const Row rows[] = {
+      {"an origin left of the first column begins at the lowest free cell",
+       6,
+       4,
+       {{"A", 0, 0, 0}, {"B", 0, 100, 100}},
+       "-AAA-BAAA-BBAA-BBBA-BBB-"},
+      {"one border cell between an odd number of columns",
+       5,
+       1,
+       {{"A", 0, 0, 0}, {"B", 0, 100, 100}},
+       "-A-B-"},
+      {"none between an even number", 4, 1, {{"A", 0, 0, 0}, {"B", 0, 100, 100}}, "-AB-"},
+      {"seeds side by side", 2, 1, {{"A", 0, 0, 0}, {"B", 0, 100, 100}}, "--"},
+      {"three of one origin begin at 3, 0 and 1",
+       7,
+       1,
+       {{"A", 0, 50, 100}, {"B", 0, 50, 100}, {"C", 0, 50, 100}},
+       "----AAA"},
+      {"the middle", 3, 3, {{"A", 0, 50, 50}}, "A-AAAAAAA"},
+      {"above a lowered column, so the lowest free cell", 4, 1, {{"A", 0, 40, 1}}, "-AAA"},
+      {"the widest map whose right edge is hit", 24, 1, {{"A", 0, 100, 100}}, std::string(23, 'A') + "-"},
+      {"one wider: past the hit test", 25, 1, {{"A", 0, 100, 100}}, "-" + std::string(24, 'A')}};
   for (const Row& row : rows) {
-    SCOPED_TRACE(row.why);
     MapContents map = MapOfEveryKind(row.width, row.height);
-    const auto names = FillRegions(map, {{"A", 0, row.x, row.y}});
-    for (std::int32_t index = 0; index < map.m_pGrid->CellCount(); ++index)
-      EXPECT_EQ(names[index], index == row.seed ? "-" : "A") << index;
+    CPropertySettingList region;
+    AddSetting(region, Member(map, "Name"), 100, row.values);
+    FillLog log;
+    FillMap(map, {}, region, 0, log, log);
+    std::string cells;
+    for (const std::string& name : Values(map, "Name")) cells += name;
+    EXPECT_EQ(cells, row.cells) << row.why;
   }
-}
-
-TEST(MapFill, TwoRegionsOfOneOriginBeginApart) {
-  MapContents map = MapOfEveryKind(7, 1);
-  std::string picture;
-  for (const auto& name : FillRegions(map, {{"A", 0, 50, 100}, {"B", 0, 50, 100}, {"C", 0, 50, 100}}))
-    picture += name;
-  EXPECT_EQ(picture, "----AAA") << "they begin at 3, 0 and 1; A and C meet at 2";
 }
 
 TEST(MapFill, SettingsThatCannotBeFilled) {
