@@ -60,7 +60,7 @@ std::string DeepText(std::int64_t nodes) {
   for (int level = 1; level < 300; ++level) below += "/d";
   std::string text;
   for (std::int64_t path = 0; path < nodes / 300; ++path)
-    text += "[" + std::to_string(path) + below + "]\r\n";
+    text.append("[").append(std::to_string(path)).append(below).append("]\r\n");
   return text;
 }
 
