@@ -180,23 +180,32 @@ void DrawContextHelp(QPainter& painter, const Inks& inks) {
   DrawSign(painter, QStringLiteral("?"), {9.4, 1.6, 6, 9.4}, inks.blue);
 }
 
-void DrawApplication(QPainter& painter, const Inks& inks) {
+/// A ring of six coloured cells around a pale one.
+void DrawGalaxy(QPainter& painter, const Inks& inks, QPointF centre, double radius) {
   const QColor ring[] = {inks.blue,
                          inks.green,
                          inks.amber,
                          inks.blue.darker(140),
                          inks.green.darker(140),
                          QColor(0xc0, 0x50, 0x4d)};
-  constexpr double kRadius = 2.6;
-  const double step = kRadius * std::numbers::sqrt3;
+  const double step = radius * std::numbers::sqrt3;
   painter.setPen(QPen(QColor(0x10, 0x14, 0x20), 0.5));
   for (int place = 0; place < 6; ++place) {
     const double angle = (place + 0.5) * std::numbers::pi / 3;
     painter.setBrush(ring[place]);
-    painter.drawPolygon(Hexagon({8 + step * std::cos(angle), 8 + step * std::sin(angle)}, kRadius));
+    painter.drawPolygon(Hexagon(centre + QPointF(step * std::cos(angle), step * std::sin(angle)), radius));
   }
   painter.setBrush(QColor(0xf4, 0xe9, 0xc8));
-  painter.drawPolygon(Hexagon({8, 8}, kRadius));
+  painter.drawPolygon(Hexagon(centre, radius));
+}
+
+void DrawApplication(QPainter& painter, const Inks& inks) {
+  DrawGalaxy(painter, inks, {8, 8}, 2.9);
+}
+
+void DrawMapPage(QPainter& painter, const Inks& inks) {
+  DrawPage(painter, inks, {2.5, 1, 11, 14});
+  DrawGalaxy(painter, inks, {8, 9.4}, 1.7);
 }
 
 using Drawing = void (*)(QPainter&, const Inks&);
@@ -254,6 +263,17 @@ class DrawnIcon final : public QIconEngine {
 QIcon CommandIcon(int command) {
   const auto* row = std::ranges::find(kIcons, command, &IconRow::command);
   return row == std::end(kIcons) ? QIcon() : QIcon(new DrawnIcon(row->draw));
+}
+
+QIcon DocumentIcon(int resourceId) {
+  switch (resourceId) {
+    case IDR_GENERIC_DATA:
+      return QIcon(new DrawnIcon(DrawNew));
+    case IDR_VASTREL_MAP:
+      return QIcon(new DrawnIcon(DrawMapPage));
+    default:
+      return ApplicationIcon();
+  }
 }
 
 QIcon ApplicationIcon() {

@@ -11,4 +11,8 @@ QIcon CommandIcon(int command);
 /// Icon 100: the editor's own, a ring of coloured cells.
 QIcon ApplicationIcon();
 
+/// Icons 101 and 102: a page with cells on it, those of map windows and files of the two document types. The
+/// application's icon for any other number.
+QIcon DocumentIcon(int resourceId);
+
 }  // namespace quorvel
