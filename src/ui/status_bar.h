@@ -1,0 +1,37 @@
+#pragma once
+
+#include <QLabel>
+#include <QProgressBar>
+#include <QStatusBar>
+
+namespace quorvel {
+
+/// The main frame's status bar: pane 0 for messages, which stretches, pane 501 for positions, as wide as its
+/// template text, and a progress bar that lies exactly over pane 501 while it is shown.
+class CStatusBar : public QStatusBar {
+  Q_OBJECT
+ public:
+  explicit CStatusBar(QWidget* parent);
+
+  void SetMessageText(const QString& text);
+  /// Covers the message while a menu item is lit; an empty prompt uncovers it.
+  void SetPrompt(const QString& prompt);
+  void SetStatusText(const QString& text);
+  void ShowProgress(bool show);
+  void SetProgressPos(int percent);
+
+ protected:
+  void resizeEvent(QResizeEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void SizePositionPane();
+  void PlaceProgress();
+
+  QLabel* messagePane_;
+  QLabel* positionPane_;
+  QProgressBar* progress_;
+  QString message_;
+};
+
+}  // namespace quorvel
