@@ -34,7 +34,8 @@ bool MayRunWhileBusy(int command) {
   return std::ranges::find(kHarmlessCommands, command) != std::end(kHarmlessCommands);
 }
 
-CommandActions::CommandActions(QWidget& window, Chain chain) : QObject(&window), chain_(std::move(chain)) {
+CommandActions::CommandActions(QWidget& window, Chain chain, BusyTest isBusy)
+    : QObject(&window), chain_(std::move(chain)), isBusy_(std::move(isBusy)) {
   for (const MenuResource& menu : MenuResources()) {
     for (const PopupMenu& popup : menu.popups) {
       for (const MenuItem& item : popup.items) {
@@ -47,6 +48,7 @@ CommandActions::CommandActions(QWidget& window, Chain chain) : QObject(&window),
     if (command != ID_SEPARATOR) Make(command, window);
   }
   for (const Accelerator& row : kAccelerators) Make(row.command, window);
+  for (int place = 0; place < kRecentFileItems; ++place) Make(ID_FILE_MRU_FILE1 + place, window);
 }
 
 QAction* CommandActions::Action(int command) const {
@@ -80,7 +82,7 @@ QAction* CommandActions::Make(int command, QWidget& window) {
 }
 
 CommandState CommandActions::StateOf(int command) const {
-  if (isBusy_ && !MayRunWhileBusy(command)) return {};
+  if (isBusy_() && !MayRunWhileBusy(command)) return {};
   for (const CommandTarget* target : chain_()) {
     if (const auto state = target->StateOf(command)) return *state;
   }
@@ -88,12 +90,14 @@ CommandState CommandActions::StateOf(int command) const {
 }
 
 void CommandActions::Refresh() {
+  showsBusy_ = isBusy_();
   for (const auto& [command, action] : actions_) {
     const CommandState state = StateOf(command);
     action->setEnabled(state.isEnabled);
     action->setCheckable(state.isChecked.has_value());
     if (state.isChecked) action->setChecked(*state.isChecked);
   }
+  emit Refreshed();
 }
 
 void CommandActions::Run(int command) {
@@ -102,11 +106,6 @@ void CommandActions::Run(int command) {
       if (target->Run(command)) break;
     }
   }
-  Refresh();
-}
-
-void CommandActions::SetBusy(bool isBusy) {
-  isBusy_ = isBusy;
   Refresh();
 }
 

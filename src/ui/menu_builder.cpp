@@ -13,9 +13,10 @@ QList<QMenu*> BuildMenus(const MenuResource& resource, const CommandActions& act
     for (const MenuItem& item : popup.items) {
       if (item.command == ID_SEPARATOR) {
         menu->addSeparator();
-      } else {
-        menu->addAction(actions.Action(item.command));
+        continue;
       }
+      const int rows = item.command == ID_FILE_MRU_FILE1 ? kRecentFileItems : 1;
+      for (int row = 0; row < rows; ++row) menu->addAction(actions.Action(item.command + row));
     }
     menus.append(menu);
   }

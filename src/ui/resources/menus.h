@@ -24,4 +24,7 @@ struct MenuResource {
 
 std::span<const MenuResource> MenuResources();
 
+/// The item of the recent-file list stands for so many, their commands counting up from its own.
+inline constexpr int kRecentFileItems = 4;
+
 }  // namespace quorvel

@@ -1,0 +1,45 @@
+#include <algorithm>
+#include <string_view>
+
+#include <QApplication>
+
+#include "ui/command_line.h"
+#include "ui/dialogs/map_dialogs.h"
+#include "ui/map_editor_app.h"
+#include "ui/qt_prompts.h"
+#include "ui/resources/version_info.h"
+
+namespace {
+
+/// These are answered without a display.
+bool AsksForText(int argc, char** argv) {
+  return std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
+    return argument == "--help" || argument == "-h" || argument == "--version";
+  });
+}
+
+int RunEditor(const quorvel::CCommandLineInfo& commandLine) {
+  using namespace quorvel;
+  QtPrompts prompts;
+  QtFeedback feedback;
+  WindowMapDialogs mapDialogs(nullptr);
+  QtToolOptions toolOptions;
+  SettingsStore settings(SettingsPlaces::FromEnvironment());
+  const SystemClock clock;
+  Services services{prompts, feedback, mapDialogs, toolOptions, settings, clock, {}};
+  QtFrameHost frames;
+  CMapEditorApp application(services, {feedback, toolOptions, frames});
+  if (!application.InitInstance(commandLine)) return application.HasPrinted() ? 0 : 1;
+  return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc > 1 && AsksForText(argc, argv)) return quorvel::ParseCommandLine(argc, argv).exitCode;
+  QApplication application(argc, argv);  // takes the toolkit's own options out of argv
+  QApplication::setApplicationName(QString::fromLatin1(quorvel::kProductName));
+  QGuiApplication::setDesktopFileName(QStringLiteral("quorvel"));
+  const quorvel::CommandLineResult parsed = quorvel::ParseCommandLine(argc, argv);
+  return parsed.isDone ? parsed.exitCode : RunEditor(parsed.info);
+}

@@ -1,0 +1,251 @@
+#include "ui/main_frame.h"
+
+#include <algorithm>
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QFile>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QStatusTipEvent>
+#include <QUrl>
+#include <QWhatsThis>
+
+#include "map/paint_tool.h"
+#include "map/vastrel_doc.h"
+#include "platform/doc_template.h"
+#include "platform/frame_host.h"
+#include "platform/win_app.h"
+#include "ui/command_icons.h"
+#include "ui/help_window.h"
+#include "ui/map_frame.h"
+#include "ui/map_view.h"
+#include "ui/menu_builder.h"
+#include "ui/resources/command_ids.h"
+#include "ui/resources/string_table.h"
+#include "ui/shown_text.h"
+#include "ui/toolbar_builder.h"
+
+namespace quorvel {
+namespace {
+
+constexpr CommandRow<CMainFrame> kFrameCommands[] = {
+    {ID_APP_EXIT, [](CMainFrame& frame) { frame.close(); }},
+    {ID_VIEW_TOOLBAR, [](CMainFrame& frame) { frame.Toolbar().setHidden(!frame.Toolbar().isHidden()); },
+     nullptr, [](const CMainFrame& frame) { return !const_cast<CMainFrame&>(frame).Toolbar().isHidden(); }},
+    {ID_VIEW_STATUS_BAR,
+     [](CMainFrame& frame) { frame.StatusBar().setHidden(!frame.StatusBar().isHidden()); }, nullptr,
+     [](const CMainFrame& frame) { return !const_cast<CMainFrame&>(frame).StatusBar().isHidden(); }},
+    {ID_HELP_FINDER, [](CMainFrame& frame) { frame.OnHelp(); }},
+    {ID_HELP, [](CMainFrame& frame) { frame.OnHelp(); }},
+    {ID_DEFAULT_HELP, [](CMainFrame& frame) { frame.OnHelp(); }},
+    {ID_CONTEXT_HELP, [](CMainFrame&) { QWhatsThis::enterWhatsThisMode(); }},
+    {ID_NEXT_PANE, [](CMainFrame& frame) { frame.OnNextPane(1); }},
+    {ID_PREV_PANE, [](CMainFrame& frame) { frame.OnNextPane(-1); }},
+};
+
+/// Asked only while there is a map window.
+constexpr CommandRow<CMainFrame> kWindowCommands[] = {
+    {ID_WINDOW_NEW, [](CMainFrame& frame) { frame.OnWindowNew(); }},
+    {ID_WINDOW_CASCADE, [](CMainFrame& frame) { frame.MdiArea().cascadeSubWindows(); }},
+    {ID_WINDOW_TILE_HORZ, [](CMainFrame& frame) { frame.MdiArea().tileSubWindows(); }},
+    {ID_WINDOW_ARRANGE, [](CMainFrame& frame) { frame.OnArrangeIcons(); }},
+};
+
+/// Gives the focus to the pane or to the first control in it that takes it.
+bool TakeFocus(QWidget& pane) {
+  const auto canTake = [](const QWidget* widget) {
+    return widget->isVisible() && widget->isEnabled() && (widget->focusPolicy() & Qt::TabFocus) != 0;
+  };
+  QList<QWidget*> candidates = pane.findChildren<QWidget*>();
+  candidates.prepend(&pane);
+  const auto found = std::ranges::find_if(candidates, canTake);
+  if (found == candidates.end()) return false;
+  (*found)->setFocus(Qt::OtherFocusReason);
+  return true;
+}
+
+constexpr int kFirstWidthPx = 1024;
+constexpr int kFirstHeightPx = 720;
+
+/// "&1 /home/.../name.vrl": short enough for a menu, the name whole.
+QString RecentFileText(int number, const std::string& path) {
+  constexpr int kShownLetters = 60;
+  QString shown = QFile::decodeName(path.c_str());
+  if (shown.size() > kShownLetters) {
+    const qsizetype name = shown.lastIndexOf(u'/');
+    const qsizetype folderLetters = std::max<qsizetype>(3, kShownLetters - (shown.size() - name));
+    shown = QStringLiteral("%1...%2").arg(shown.left(folderLetters), shown.mid(name));
+  }
+  return QStringLiteral("&%1 ").arg(number) + shown.replace(u'&', QStringLiteral("&&"));
+}
+
+}  // namespace
+
+CMainFrame::CMainFrame(CWinApp& application, FrameHost& frames, CommandTarget& applicationCommands)
+    : application_(application),
+      frames_(frames),
+      applicationCommands_(applicationCommands),
+      commands_(*this, kFrameCommands),
+      windowCommands_(*this, kWindowCommands),
+      actions_(new CommandActions(
+          *this, [this] { return CommandChain(); }, [this] { return application_.IsBusy(); })),
+      mdiArea_(new QMdiArea(this)),
+      toolbar_(new QToolBar(this)),
+      toolOptionsBar_(new CToolOptionsBar(this)),
+      statusBar_(new CStatusBar(this)) {
+  setObjectName(QString::number(IDR_MAINFRAME));
+  setWindowTitle(FromResource(FindString(IDR_MAINFRAME).text));
+  setWindowIcon(ApplicationIcon());
+  setCentralWidget(mdiArea_);
+  setAcceptDrops(true);
+  BuildBars();
+  BuildMenuBars();
+  connect(mdiArea_, &QMdiArea::subWindowActivated, this, &CMainFrame::FollowActiveFrame);
+  connect(toolOptionsBar_, &CToolOptionsBar::Command, this, &CMainFrame::ForwardBarCommand);
+  connect(actions_, &CommandActions::Refreshed, this, &CMainFrame::UpdateRecentFiles);
+  FollowActiveFrame();
+  resize(kFirstWidthPx, kFirstHeightPx);
+}
+
+void CMainFrame::BuildBars() {
+  toolbar_->setObjectName(QString::number(AFX_IDW_TOOLBAR));
+  toolbar_->setWindowTitle(tr("Toolbar"));
+  BuildToolbar(*actions_, *toolbar_);
+  addToolBar(Qt::TopToolBarArea, toolbar_);
+  addToolBar(Qt::TopToolBarArea, toolOptionsBar_);
+  setStatusBar(statusBar_);
+}
+
+void CMainFrame::BuildMenuBars() {
+  for (const MenuResource& resource : MenuResources()) {
+    menus_[resource.id] = BuildMenus(resource, *actions_, *this);
+    for (QMenu* menu : menus_[resource.id]) {
+      connect(menu, &QMenu::aboutToShow, actions_, &CommandActions::Refresh);
+    }
+  }
+}
+
+void CMainFrame::LoadMenu(int resourceId) {
+  if (menuId_ == resourceId) return;
+  menuId_ = resourceId;
+  menuBar()->clear();
+  menuBar()->setObjectName(QString::number(resourceId));
+  for (QMenu* menu : menus_[resourceId]) menuBar()->addMenu(menu);
+}
+
+CMapFrame* CMainFrame::ActiveFrame() const {
+  return qobject_cast<CMapFrame*>(mdiArea_->currentSubWindow());
+}
+
+void CMainFrame::FollowActiveFrame() {
+  const CMapFrame* frame = ActiveFrame();
+  const CDocument* document = frame ? frame->View().GetDocument() : nullptr;
+  const CMultiDocTemplateWithID* docTemplate = document ? document->GetDocTemplate() : nullptr;
+  LoadMenu(docTemplate ? docTemplate->GetResourceID() : IDR_MAINFRAME);
+  actions_->Refresh();
+  emit ActiveFrameChanged();
+}
+
+std::vector<CommandTarget*> CMainFrame::CommandChain() {
+  std::vector<CommandTarget*> chain;
+  CMapFrame* frame = ActiveFrame();
+  if (frame && frame->View().GetDocument()) {
+    chain = {&frame->View().Commands(), &frame->DocumentCommands(), &windowCommands_};
+  }
+  chain.push_back(&commands_);
+  chain.push_back(&applicationCommands_);
+  return chain;
+}
+
+void CMainFrame::UpdateRecentFiles() {
+  const std::vector<std::string>& paths = application_.GetRecentFiles().Paths();
+  for (int place = 0; place < kRecentFileItems; ++place) {
+    QAction* action = actions_->Action(ID_FILE_MRU_FILE1 + place);
+    const bool isUsed = place < static_cast<int>(paths.size());
+    action->setVisible(isUsed || place == 0);
+    if (isUsed) action->setText(RecentFileText(place + 1, paths[static_cast<std::size_t>(place)]));
+    if (!isUsed && place == 0) action->setText(tr("Recent File"));
+  }
+}
+
+void CMainFrame::ForwardBarCommand(int id, int notification, int position) {
+  const CMapFrame* frame = ActiveFrame();
+  CVastrelDoc* document = frame ? frame->View().Document() : nullptr;
+  if (document) OnToolOptionsCommand(*document, id, notification, position);
+}
+
+void CMainFrame::OnWindowNew() {
+  if (const CMapFrame* frame = ActiveFrame()) frames_.OpenFrame(*frame->View().GetDocument());
+}
+
+/// Minimized windows stand in rows along the lower edge, from the left.
+void CMainFrame::OnArrangeIcons() {
+  QPoint next(0, mdiArea_->viewport()->height());
+  int rowHeight = 0;
+  for (QMdiSubWindow* window : mdiArea_->subWindowList()) {
+    if (!window->isMinimized()) continue;
+    if (next.x() > 0 && next.x() + window->width() > mdiArea_->viewport()->width()) {
+      next = {0, next.y() - rowHeight};
+    }
+    window->move(next.x(), next.y() - window->height());
+    next.rx() += window->width();
+    rowHeight = window->height();
+  }
+}
+
+/// Walks map, toolbar and tool options; what is hidden or disabled is passed over.
+void CMainFrame::OnNextPane(int step) {
+  QList<QWidget*> panes;
+  if (const CMapFrame* frame = ActiveFrame()) panes << &frame->View();
+  panes << toolbar_ << toolOptionsBar_;
+
+  const auto current = std::ranges::find_if(panes, [](QWidget* pane) {
+    return pane->hasFocus() || pane->isAncestorOf(QApplication::focusWidget());
+  });
+  const auto count = static_cast<int>(panes.size());
+  const auto start = current == panes.end() ? (step > 0 ? -1 : 0) : static_cast<int>(current - panes.begin());
+  for (int walked = 1; walked <= count; ++walked) {
+    QWidget* pane = panes[((start + step * walked) % count + count) % count];
+    if (TakeFocus(*pane)) return;
+  }
+}
+
+void CMainFrame::OnHelp() {
+  ShowHelp(*this);
+}
+
+bool CMainFrame::event(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::StatusTip:
+      statusBar_->SetPrompt(static_cast<QStatusTipEvent*>(event)->tip());
+      return true;
+    case QEvent::WindowUnblocked:
+      emit Unblocked();
+      break;
+    default:
+      break;
+  }
+  return QMainWindow::event(event);
+}
+
+void CMainFrame::closeEvent(QCloseEvent* event) {
+  event->setAccepted(application_.CloseAllDocuments());
+}
+
+void CMainFrame::dragEnterEvent(QDragEnterEvent* event) {
+  const auto isFile = [](const QUrl& url) { return url.isLocalFile(); };
+  if (!application_.IsBusy() && std::ranges::any_of(event->mimeData()->urls(), isFile))
+    event->acceptProposedAction();
+}
+
+void CMainFrame::dropEvent(QDropEvent* event) {
+  event->acceptProposedAction();
+  for (const QUrl& url : event->mimeData()->urls()) {
+    if (url.isLocalFile()) application_.OpenDocumentFile(QFile::encodeName(url.toLocalFile()).toStdString());
+  }
+}
+
+}  // namespace quorvel

@@ -1,0 +1,80 @@
+#pragma once
+
+#include <map>
+#include <vector>
+
+#include <QList>
+#include <QMainWindow>
+#include <QMdiArea>
+
+#include "ui/command_actions.h"
+#include "ui/command_target.h"
+#include "ui/status_bar.h"
+#include "ui/tool_options_bar.h"
+
+namespace quorvel {
+
+class CMapFrame;
+class CWinApp;
+class FrameHost;
+
+/// The main window: map windows in its area, menus after the active one, toolbar and tool options side by
+/// side, status bar. Passes commands to whoever handles them: the active view, its document, the frame
+/// itself, the application.
+class CMainFrame : public QMainWindow {
+  Q_OBJECT
+ public:
+  /// All outlive the frame.
+  CMainFrame(CWinApp& application, FrameHost& frames, CommandTarget& applicationCommands);
+
+  CommandActions& Actions() { return *actions_; }
+  QMdiArea& MdiArea() { return *mdiArea_; }
+  CToolOptionsBar& ToolOptionsBar() { return *toolOptionsBar_; }
+  CStatusBar& StatusBar() { return *statusBar_; }
+  /// Null when no map is open.
+  CMapFrame* ActiveFrame() const;
+
+  /// Hands a command of the tool options bar to the document in front; without one nothing happens.
+  void ForwardBarCommand(int id, int notification, int position);
+
+  void OnWindowNew();
+  void OnArrangeIcons();
+  void OnNextPane(int step);
+  void OnHelp();
+  QWidget& Toolbar() { return *toolbar_; }
+
+ signals:
+  /// Another map window is in front, or none.
+  void ActiveFrameChanged();
+  /// A dialog over the frame has gone.
+  void Unblocked();
+
+ protected:
+  bool event(QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+
+ private:
+  std::vector<CommandTarget*> CommandChain();
+  void BuildBars();
+  void BuildMenuBars();
+  void LoadMenu(int resourceId);
+  void FollowActiveFrame();
+  void UpdateRecentFiles();
+
+  CWinApp& application_;
+  FrameHost& frames_;
+  CommandTarget& applicationCommands_;
+  CommandMap<CMainFrame> commands_;
+  CommandMap<CMainFrame> windowCommands_;
+  CommandActions* actions_;
+  QMdiArea* mdiArea_;
+  QToolBar* toolbar_;
+  CToolOptionsBar* toolOptionsBar_;
+  CStatusBar* statusBar_;
+  std::map<int, QList<QMenu*>> menus_;
+  int menuId_ = 0;
+};
+
+}  // namespace quorvel

@@ -1,0 +1,115 @@
+#include "ui/map_editor_app.h"
+
+#include "map/vastrel_doc.h"
+#include "ui/about_dialog.h"
+#include "ui/map_frame.h"
+#include "ui/map_view.h"
+#include "ui/resources/command_ids.h"
+#include "ui/resources/document_strings.h"
+#include "ui/shell_registration.h"
+
+namespace quorvel {
+namespace {
+
+constexpr int kRecentFiles = 4;
+
+bool HasRecentFiles(const CMapEditorApp& application) {
+  return !const_cast<CMapEditorApp&>(application).GetRecentFiles().Paths().empty();
+}
+
+constexpr CommandRow<CMapEditorApp> kApplicationCommands[] = {
+    {ID_APP_ABOUT, [](CMapEditorApp& application) { application.OnAppAbout(); }},
+    {ID_FILE_NEW, [](CMapEditorApp& application) { application.OnFileNew(); }},
+    {ID_FILE_OPEN, [](CMapEditorApp& application) { application.OnFileOpen(); }},
+    {ID_FILE_PRINT_SETUP,
+     [](CMapEditorApp& application) { application.Printing().ChoosePage(&application.MainFrame()); }},
+    {ID_FILE_MRU_FILE1, [](CMapEditorApp& application) { application.OnOpenRecentFile(0); }, HasRecentFiles},
+    {ID_FILE_MRU_FILE1 + 1, [](CMapEditorApp& application) { application.OnOpenRecentFile(1); }},
+    {ID_FILE_MRU_FILE1 + 2, [](CMapEditorApp& application) { application.OnOpenRecentFile(2); }},
+    {ID_FILE_MRU_FILE1 + 3, [](CMapEditorApp& application) { application.OnOpenRecentFile(3); }},
+};
+
+}  // namespace
+
+CMapEditorApp::CMapEditorApp(Services& services, FrameServices frameServices)
+    : CWinApp(services.prompts, frameServices.frames, services.settings),
+      services_(services),
+      frameServices_(frameServices),
+      commands_(*this, kApplicationCommands) {}
+
+CMapEditorApp::~CMapEditorApp() {
+  frameServices_.feedback.Attach(nullptr);
+  frameServices_.toolOptions.Attach(nullptr);
+}
+
+bool CMapEditorApp::InitInstance(const CCommandLineInfo& commandLine) {
+  LoadStdProfileSettings(kRecentFiles);
+  AddDocTemplates();
+  CreateMainFrame();
+  RegisterShellFileTypes(Templates());
+  const bool prints = commandLine.m_nShellCommand >= CCommandLineInfo::FilePrint;
+  if (!prints) mainFrame_->show();
+  return ProcessShellCommand(commandLine);
+}
+
+void CMapEditorApp::AddDocTemplates() {
+  for (const DocumentString& row : kDocumentStrings) {
+    AddDocTemplate(std::make_unique<CMultiDocTemplateWithID>(
+        row.resourceId, row.fields, [this] { return std::make_unique<CVastrelDoc>(services_); }));
+  }
+}
+
+void CMapEditorApp::CreateMainFrame() {
+  mainFrame_ = std::make_unique<CMainFrame>(*this, frameServices_.frames, commands_);
+  frameServices_.feedback.Attach(mainFrame_.get());
+  frameServices_.toolOptions.Attach(&mainFrame_->ToolOptionsBar());
+  frameServices_.frames.Attach(*mainFrame_, *this, printing_);
+  QObject::connect(mainFrame_.get(), &CMainFrame::ActiveFrameChanged, mainFrame_.get(),
+                   [this] { ShowActiveTool(); });
+}
+
+/// Opens or prints the files. False when none of them could be opened: there is nothing to show then.
+bool CMapEditorApp::ProcessShellCommand(const CCommandLineInfo& commandLine) {
+  if (commandLine.m_nShellCommand == CCommandLineInfo::FileNothing) return true;
+  const bool prints = commandLine.m_nShellCommand != CCommandLineInfo::FileOpen;
+  bool isAnyOpen = false;
+  hasPrinted_ = prints;
+  for (const std::string& file : commandLine.m_files) {
+    CDocument* document = OpenDocumentFile(file);
+    isAnyOpen = isAnyOpen || document;
+    if (prints) hasPrinted_ = document && PrintDocument(*document, commandLine) && hasPrinted_;
+  }
+  return isAnyOpen && !prints;
+}
+
+bool CMapEditorApp::PrintDocument(CDocument& document, const CCommandLineInfo& commandLine) {
+  auto* view = dynamic_cast<CMapView*>(document.Views().empty() ? nullptr : document.Views().front());
+  if (view && printing_.PrintDirect(*view, QString::fromStdString(commandLine.m_strPrinterName))) return true;
+  services_.prompts.Message("The map could not be printed.\n" + document.GetPathName(), MessageButtons::Ok,
+                            MessageIcon::Exclamation);
+  return false;
+}
+
+/// The bar belongs to the document in front.
+void CMapEditorApp::ShowActiveTool() {
+  const CMapFrame* frame = mainFrame_->ActiveFrame();
+  if (frame && frame->View().Document()) {
+    frameServices_.toolOptions.ShowTool(*frame->View().Document());
+  } else {
+    frameServices_.toolOptions.ShowNothing();
+    services_.feedback.SetStatusText("");
+  }
+}
+
+void CMapEditorApp::OnAppAbout() {
+  CAboutDialog dialog(mainFrame_.get());
+  dialog.exec();
+}
+
+/// Commands that were shown disabled while the application was busy come back.
+void CMapEditorApp::EndBusy() {
+  CWinApp::EndBusy();
+  if (mainFrame_ && !IsBusy() && mainFrame_->Actions().ShowsBusy()) mainFrame_->Actions().Refresh();
+}
+
+}  // namespace quorvel

@@ -1,0 +1,66 @@
+#include "ui/map_frame.h"
+
+#include <algorithm>
+
+#include <QCloseEvent>
+
+#include "platform/doc_template.h"
+#include "platform/win_app.h"
+#include "render/display_text.h"
+#include "ui/command_icons.h"
+#include "ui/document_commands.h"
+#include "ui/map_view.h"
+
+namespace quorvel {
+
+CMapFrame::CMapFrame(CMapView* view, CWinApp& application)
+    : view_(view),
+      application_(application),
+      documentCommands_(*view->Document(), quorvel::DocumentCommands()) {
+  setWidget(view);
+  setAttribute(Qt::WA_DeleteOnClose);
+  const CMultiDocTemplateWithID* docTemplate = view->GetDocument()->GetDocTemplate();
+  if (docTemplate) {
+    setObjectName(QString::number(docTemplate->GetResourceID()));
+    setWindowIcon(DocumentIcon(docTemplate->GetResourceID()));
+  }
+  connect(view, &CMapView::TitleChanged, this, &CMapFrame::UpdateTitle);
+  UpdateTitle();
+}
+
+void CMapFrame::ActivateFrame(Qt::WindowStates) {
+  showMaximized();
+  view_->setFocus();
+}
+
+void CMapFrame::CloseUnasked() {
+  isAsking_ = false;
+  if (CDocument* document = view_->GetDocument()) document->RemoveView(*view_);
+  close();
+}
+
+void CMapFrame::UpdateTitle() {
+  const CDocument* document = view_->GetDocument();
+  if (!document) return;
+  const auto& views = document->Views();
+  QString title = DisplayText(document->GetTitle());
+  title.replace(QStringLiteral("[*]"), QStringLiteral("[*][*]"));
+  if (views.size() > 1) {
+    const auto number = std::ranges::find(views, static_cast<const CView*>(view_)) - views.begin() + 1;
+    title += QStringLiteral(":%1").arg(number);
+  }
+  setWindowTitle(title + QStringLiteral("[*]"));
+  setWindowModified(document->IsModified());
+}
+
+void CMapFrame::closeEvent(QCloseEvent* event) {
+  CDocument* document = view_->GetDocument();
+  const bool mayClose = !isAsking_ || !document || (!application_.IsBusy() && document->CanCloseFrame());
+  if (!mayClose) {
+    event->ignore();
+    return;
+  }
+  QMdiSubWindow::closeEvent(event);
+}
+
+}  // namespace quorvel

@@ -1,0 +1,336 @@
+#include "ui/map_view.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include <QCursor>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QPainter>
+#include <QScrollBar>
+
+#include "map/cell_label.h"
+#include "map/cell_metrics.h"
+#include "map/map_filter.h"
+#include "map/vastrel_doc.h"
+#include "platform/win_app.h"
+#include "render/colour_members.h"
+#include "render/display_text.h"
+#include "render/map_extent.h"
+#include "render/pixel_scale.h"
+#include "ui/map_printing.h"
+#include "ui/resources/command_ids.h"
+#include "ui/tool_cursors.h"
+
+namespace quorvel {
+namespace {
+
+constexpr float kMinCellSizePx = 10;
+constexpr float kMaxCellSizePx = 100;
+constexpr float kZoomStepPx = 10;
+
+/// Changed cells are drawn together, once a frame of a usual screen.
+constexpr int kFrameMs = 16;
+
+/// What a view without a grid scrolls over.
+constexpr MapRect kEmptyExtent = {0, 0, 10, 10};
+
+constexpr CommandRow<CMapView> kViewCommands[] = {
+    {ID_ZOOM_IN, [](CMapView& view) { view.OnZoomIn(); }},
+    {ID_ZOOM_OUT, [](CMapView& view) { view.OnZoomOut(); }},
+    {ID_FILE_PRINT, [](CMapView& view) { view.OnFilePrint(); }},
+    {ID_FILE_PRINT_DIRECT, [](CMapView& view) { view.OnFilePrint(); }},
+    {ID_FILE_PRINT_PREVIEW, [](CMapView& view) { view.OnFilePrintPreview(); }},
+};
+
+}  // namespace
+
+CMapView::CMapView(const CWinApp& application, MapPrinting& printing)
+    : application_(application), printing_(printing), commands_(*this, kViewCommands) {
+  setAccessibleName(tr("Map view"));
+  viewport()->setAccessibleName(tr("Map"));
+  viewport()->setMouseTracking(true);
+  viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::StrongFocus);
+  setFrameShape(QFrame::NoFrame);
+  BuildScrollBar(*horizontalScrollBar());
+  BuildScrollBar(*verticalScrollBar());
+  frameTimer_.setSingleShot(true);
+  frameTimer_.setInterval(kFrameMs);
+  connect(&frameTimer_, &QTimer::timeout, this, &CMapView::ShowTouchedCells);
+}
+
+CMapView::~CMapView() = default;
+
+CVastrelDoc* CMapView::Document() const {
+  return static_cast<CVastrelDoc*>(GetDocument());
+}
+
+/// The page size is that of one cell, as the line size; the thumb still shows how much of the map is in
+/// sight.
+void CMapView::BuildScrollBar(QScrollBar& bar) {
+  connect(&bar, &QScrollBar::actionTriggered, this, [&bar](int action) {
+    if (action == QAbstractSlider::SliderPageStepAdd) bar.setSliderPosition(bar.value() + bar.singleStep());
+    if (action == QAbstractSlider::SliderPageStepSub) bar.setSliderPosition(bar.value() - bar.singleStep());
+  });
+}
+
+void CMapView::OnInitialUpdate() {
+  ShowToolCursor();
+  SetCellSize(m_fCellSize);
+}
+
+void CMapView::ShowToolCursor() {
+  const bool paints = Document() && Document()->m_hToolCursor == ToolCursor::Paint;
+  const double ratio = devicePixelRatioF();
+  viewport()->setCursor(paints ? PaintToolCursor(ratio) : PointerToolCursor(ratio));
+}
+
+void CMapView::OnUpdate(CView*, const UpdateHint& hint) {
+  switch (hint.code) {
+    case UpdateHint::Cell:
+      RedrawCell(hint.cell);
+      break;
+    case UpdateHint::CurrentCell:
+      ShowCurrentCell();
+      break;
+    case UpdateHint::All:
+      SetCellSize(m_fCellSize);
+      break;
+  }
+}
+
+void CMapView::OnTitleChanged() {
+  emit TitleChanged();
+}
+
+void CMapView::SetCellSize(float cellSizePx) {
+  m_fCellSize = cellSizePx;
+  SetScrollSizes();
+  InvalidateAll();
+}
+
+void CMapView::SetScrollSizes() {
+  const CVastrelDoc* document = Document();
+  const bool hasGrid = document && document->m_pGrid;
+  const CellMetrics metrics = CellMetrics::At(m_fCellSize);
+  const MapRect extent = hasGrid ? MapExtent(*document->m_pGrid, m_fCellSize) : kEmptyExtent;
+  const QSize shown = viewport()->size();
+
+  const auto setRange = [](QScrollBar& bar, std::int64_t total, int page, int step) {
+    bar.setRange(0, static_cast<int>(std::max<std::int64_t>(0, total - page)));
+    bar.setPageStep(page);
+    bar.setSingleStep(step);
+  };
+  setRange(*horizontalScrollBar(), extent.Width(), shown.width(), hasGrid ? metrics.columnStep : 1);
+  setRange(*verticalScrollBar(), extent.Height(), shown.height(), hasGrid ? metrics.height : 1);
+}
+
+void CMapView::OnZoomIn() {
+  if (m_fCellSize < kMaxCellSizePx) SetCellSize(m_fCellSize + kZoomStepPx);
+  UpdateCurrentCell();
+}
+
+void CMapView::OnZoomOut() {
+  if (m_fCellSize > kMinCellSizePx) SetCellSize(m_fCellSize - kZoomStepPx);
+  UpdateCurrentCell();
+}
+
+void CMapView::OnFilePrint() {
+  printing_.Print(*this);
+}
+
+void CMapView::OnFilePrintPreview() {
+  printing_.Preview(*this);
+}
+
+QPoint CMapView::ScrollPosition() const {
+  return {horizontalScrollBar()->value(), verticalScrollBar()->value()};
+}
+
+void CMapView::ScrollToPosition(QPoint position) {
+  horizontalScrollBar()->setValue(position.x());
+  verticalScrollBar()->setValue(position.y());
+}
+
+CellCoord CMapView::CellAt(QPoint viewportPoint) const {
+  const CVastrelDoc* document = Document();
+  if (!document || !document->m_pGrid) return {0, 0};
+  const QPoint point = viewportPoint + ScrollPosition();
+  return document->m_pGrid->HitTest(m_fCellSize, point.x(), point.y());
+}
+
+void CMapView::UpdateCurrentCell() {
+  CVastrelDoc* document = Document();
+  if (!document) return;
+  const CellCoord cell = CellAt(viewport()->mapFromGlobal(QCursor::pos()));
+  SetCurrentCell(*document, &cell);
+}
+
+// --- Drawing
+// ---------------------------------------------------------------------------------------------------------
+
+MapLook CMapView::Look() {
+  MapLook look;
+  look.cellSizePx = m_fCellSize;
+  look.pixelRatio = devicePixelRatioF();
+  if (const CVastrelDoc* document = Document()) {
+    look.outlineMember = SelectIndexMember(document->m_pCellClass, m_strOutlineMember, 0);
+    look.fillMember = SelectIndexMember(document->m_pCellClass, m_strFillMember, 0);
+    look.currentCell = *document->m_pCurrentCell;
+    if (const CPropertySettingList* filter = document->m_pFilter.get()) {
+      look.filter = [filter](const CellRecord& record) { return PassesFilter(*filter, record.data); };
+    }
+  }
+  return look;
+}
+
+void CMapView::InvalidateAll() {
+  isLookStale_ = true;
+  viewport()->update();
+}
+
+void CMapView::RedrawCell(CellCoord cell) {
+  if (!isLookStale_ && picture_.Touch(cell) && !frameTimer_.isActive()) frameTimer_.start();
+}
+
+void CMapView::ShowCurrentCell() {
+  const CVastrelDoc& document = *Document();
+  DescribeCurrentCell();
+  if (isLookStale_) return;
+  picture_.MoveCurrentCell(*document.m_pCurrentCell);
+  ShowTouchedCells();
+}
+
+/// A screen reader hears what the label of the cell says.
+void CMapView::DescribeCurrentCell() {
+  const CVastrelDoc& document = *Document();
+  QStringList lines;
+  if (document.m_pGrid && document.m_pCellClass) {
+    const auto record = document.m_pGrid->Find(document.m_pGrid->IndexOf(*document.m_pCurrentCell));
+    for (const auto& member : document.m_pCellClass->Members()) {
+      std::string line;
+      FormatCellLabel(line, member.get(), record ? &*record : nullptr);
+      if (!line.empty()) lines << DisplayText(line);
+    }
+  }
+  viewport()->setAccessibleDescription(lines.join(u'\n'));
+}
+
+/// Draws the cells that changed; what was drawn reaches the screen with the next paint event.
+void CMapView::ShowTouchedCells() {
+  const CVastrelDoc* document = Document();
+  if (!document || !document->m_pGrid || isLookStale_) return;
+  for (const QRect& drawn : picture_.Refresh(*document)) viewport()->update(InViewport(drawn));
+}
+
+QRect CMapView::InViewport(const QRect& pictureRect) const {
+  const double ratio = picture_.Look().pixelRatio;
+  return QRectF(QPointF(pictureRect.topLeft()) / ratio, QSizeF(pictureRect.size()) / ratio).toAlignedRect();
+}
+
+/// Brings the picture to the viewport's size, place and look.
+void CMapView::FitPicture() {
+  const double ratio = devicePixelRatioF();
+  if (isLookStale_ || picture_.Look().pixelRatio != ratio) {
+    picture_.Reset(Look());
+    isLookStale_ = false;
+  }
+  const auto devicePixels = [ratio](int logical) { return static_cast<int>(std::ceil(logical * ratio)); };
+  picture_.Resize({devicePixels(viewport()->width()), devicePixels(viewport()->height())});
+  const PixelScale scale{ratio};
+  picture_.ScrollTo(scale.At(horizontalScrollBar()->value()), scale.At(verticalScrollBar()->value()));
+}
+
+void CMapView::paintEvent(QPaintEvent* event) {
+  QPainter painter(viewport());
+  const CVastrelDoc* document = Document();
+  if (!document || !document->m_pGrid) {
+    painter.fillRect(event->rect(), palette().base());
+    return;
+  }
+  FitPicture();
+  for (const QRect& drawn : picture_.Refresh(*document)) {
+    if (!event->rect().contains(InViewport(drawn))) viewport()->update(InViewport(drawn));
+  }
+  const double ratio = picture_.Look().pixelRatio;
+  for (const QRect& rect : event->region()) {
+    const QRectF source(QPointF(rect.topLeft()) * ratio, QSizeF(rect.size()) * ratio);
+    painter.drawImage(QRectF(rect), picture_.Image(), source);
+  }
+}
+
+void CMapView::resizeEvent(QResizeEvent*) {
+  SetScrollSizes();
+}
+
+void CMapView::scrollContentsBy(int, int) {
+  viewport()->update();
+  UpdateCurrentCell();
+}
+
+void CMapView::changeEvent(QEvent* event) {
+  QAbstractScrollArea::changeEvent(event);
+  if (event->type() == QEvent::PaletteChange) InvalidateAll();
+}
+
+// --- Input
+// -----------------------------------------------------------------------------------------------------------
+
+void CMapView::mouseMoveEvent(QMouseEvent* event) {
+  CVastrelDoc* document = Document();
+  if (!document) return;
+  const CellCoord cell = CellAt(event->position().toPoint());
+  if (SetCurrentCell(*document, &cell) && m_bButtonDown) UseTool(ToolPhase::Moved);
+}
+
+void CMapView::UseTool(ToolPhase phase) {
+  if (!application_.IsBusy()) ApplyTool(*Document(), phase);
+}
+
+void CMapView::mousePressEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton || !Document()) return;
+  m_bButtonDown = true;
+  UseTool(ToolPhase::Pressed);
+}
+
+void CMapView::mouseReleaseEvent(QMouseEvent* event) {
+  if (event->button() != Qt::LeftButton || !Document()) return;
+  m_bButtonDown = false;
+  UseTool(ToolPhase::Released);
+}
+
+void CMapView::keyPressEvent(QKeyEvent* event) {
+  if (OnArrowKey(event->key())) return;
+  for (const QChar character : event->text()) OnChar(character);
+  QAbstractScrollArea::keyPressEvent(event);
+}
+
+bool CMapView::OnArrowKey(int key) {
+  const bool isArrow =
+      key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
+  if (!isArrow || !Document() || !Document()->m_pGrid) return false;
+  const CellMetrics metrics = CellMetrics::At(m_fCellSize);
+  const int dx = (key == Qt::Key_Right) - (key == Qt::Key_Left);
+  const int dy = (key == Qt::Key_Down) - (key == Qt::Key_Up);
+  ScrollToPosition(ScrollPosition() + QPoint(metrics.columnStep * dx, metrics.height * dy));
+  UpdateCurrentCell();
+  return true;
+}
+
+/// "[" and "]" step the member that fills the cells, "{" and "}" the one that outlines them.
+void CMapView::OnChar(QChar character) {
+  CVastrelDoc* document = Document();
+  const bool stepsFill = character == u'[' || character == u']';
+  const bool stepsOutline = character == u'{' || character == u'}';
+  if (!document || (!stepsFill && !stepsOutline)) return;
+  const int step = character == u'[' || character == u'{' ? -1 : 1;
+  std::string& name = stepsFill ? m_strFillMember : m_strOutlineMember;
+  const MemberDef* member = SelectIndexMember(document->m_pCellClass, name, step);
+  if (!member) return;
+  ShowCellText(*document, name);
+  InvalidateAll();
+}
+
+}  // namespace quorvel

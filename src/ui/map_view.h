@@ -1,0 +1,100 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include <QAbstractScrollArea>
+#include <QTimer>
+
+#include "map/editing.h"
+#include "platform/view.h"
+#include "ui/command_target.h"
+#include "ui/map_picture.h"
+
+namespace quorvel {
+
+class CVastrelDoc;
+class CWinApp;
+class MapPrinting;
+
+/// A map as a field of hexagons in a scrolling window. Follows the pointer from cell to cell and turns
+/// presses and drags into tool actions of the document; everything that changes the map happens there.
+///
+/// Scroll positions are in map pixels. A view without a document, or whose document has no grid, is empty.
+class CMapView : public QAbstractScrollArea, public CView {
+  Q_OBJECT
+ public:
+  /// Both outlive the view. While the application is busy the pointer is followed, but tools do nothing.
+  CMapView(const CWinApp& application, MapPrinting& printing);
+  ~CMapView() override;
+
+  CVastrelDoc* Document() const;
+  CommandTarget& Commands() { return commands_; }
+
+  /// Called once, when the view has its document and its place.
+  void OnInitialUpdate();
+  void OnUpdate(CView* sender, const UpdateHint& hint) override;
+  void OnTitleChanged() override;
+
+  /// Height of a cell in pixels: 10, 20, ... 100.
+  float CellSize() const { return m_fCellSize; }
+  void SetCellSize(float cellSizePx);
+  void OnZoomIn();
+  void OnZoomOut();
+  void OnFilePrint();
+  void OnFilePrintPreview();
+
+  /// Takes the cell under the pointer, wherever the pointer is, as the document's current cell.
+  void UpdateCurrentCell();
+  /// Each coordinate is held within what there is to scroll.
+  void ScrollToPosition(QPoint position);
+  QPoint ScrollPosition() const;
+
+  /// Shows the cursor of the document's tool over the map.
+  void ShowToolCursor();
+
+  /// What the view shows and how, for its own picture and for printing.
+  MapLook Look();
+
+ signals:
+  void TitleChanged();
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void changeEvent(QEvent* event) override;
+
+ private:
+  void BuildScrollBar(QScrollBar& bar);
+  void SetScrollSizes();
+  void FitPicture();
+  void InvalidateAll();
+  void RedrawCell(CellCoord cell);
+  void ShowTouchedCells();
+  void ShowCurrentCell();
+  void DescribeCurrentCell();
+  QRect InViewport(const QRect& pictureRect) const;
+  void UseTool(ToolPhase phase);
+  CellCoord CellAt(QPoint viewportPoint) const;
+  bool OnArrowKey(int key);
+  void OnChar(QChar character);
+
+  float m_fCellSize = 100;
+  bool m_bButtonDown = false;
+  std::string m_strOutlineMember;
+  std::string m_strFillMember;
+
+  const CWinApp& application_;
+  MapPrinting& printing_;
+  CommandMap<CMapView> commands_;
+  MapPicture picture_;
+  bool isLookStale_ = true;
+  QTimer frameTimer_;
+};
+
+}  // namespace quorvel

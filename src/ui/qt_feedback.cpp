@@ -1,0 +1,49 @@
+#include "ui/qt_feedback.h"
+
+#include <QCoreApplication>
+#include <QEventLoop>
+#include <QGuiApplication>
+
+#include "render/display_text.h"
+#include "ui/main_frame.h"
+
+namespace quorvel {
+namespace {
+
+/// Often enough for a moving progress bar and clicks answered without a wait that can be felt.
+constexpr qint64 kPumpEveryMs = 16;
+
+}  // namespace
+
+void QtFeedback::SetStatusText(std::string_view text) {
+  if (frame_) frame_->StatusBar().SetStatusText(DisplayText(text));
+}
+
+void QtFeedback::SetMessageText(std::string_view text) {
+  if (frame_) frame_->StatusBar().SetMessageText(DisplayText(text));
+}
+
+void QtFeedback::ShowProgress(bool show) {
+  if (frame_) frame_->StatusBar().ShowProgress(show);
+}
+
+void QtFeedback::SetProgressPos(int percent) {
+  if (frame_) frame_->StatusBar().SetProgressPos(percent);
+}
+
+void QtFeedback::BeginWait() {
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+}
+
+void QtFeedback::EndWait() {
+  QGuiApplication::restoreOverrideCursor();
+}
+
+void QtFeedback::Pump() {
+  if (sincePump_.isValid() && sincePump_.elapsed() < kPumpEveryMs) return;
+  if (frame_ && !frame_->Actions().ShowsBusy()) frame_->Actions().Refresh();
+  QCoreApplication::processEvents(QEventLoop::AllEvents, kPumpEveryMs);
+  sincePump_.start();
+}
+
+}  // namespace quorvel

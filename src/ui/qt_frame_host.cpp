@@ -1,0 +1,72 @@
+#include "ui/qt_frame_host.h"
+
+#include <QApplication>
+#include <QMetaObject>
+
+#include "platform/document.h"
+#include "platform/win_app.h"
+#include "ui/main_frame.h"
+#include "ui/map_frame.h"
+#include "ui/map_view.h"
+
+namespace quorvel {
+
+void QtFrameHost::Attach(CMainFrame& mainFrame, CWinApp& application, MapPrinting& printing) {
+  mainFrame_ = &mainFrame;
+  application_ = &application;
+  printing_ = &printing;
+  connect(&mainFrame, &CMainFrame::Unblocked, this, [this] {
+    if (isIdleRequested_) QMetaObject::invokeMethod(this, &QtFrameHost::Idle, Qt::QueuedConnection);
+  });
+}
+
+void QtFrameHost::OpenFrame(CDocument& document) {
+  if (!mainFrame_) return;
+  auto* view = new CMapView(*application_, *printing_);
+  document.AddView(*view);
+  auto* frame = new CMapFrame(view, *application_);
+  mainFrame_->MdiArea().addSubWindow(frame);
+  connect(frame, &QObject::destroyed, this, &QtFrameHost::RequestIdle);
+  frame->ActivateFrame();
+  view->OnInitialUpdate();
+  UpdateTitles(document);
+}
+
+void QtFrameHost::ActivateFrame(CDocument& document) {
+  const auto frames = FramesOf(document);
+  if (!frames.empty()) mainFrame_->MdiArea().setActiveSubWindow(frames.front());
+}
+
+void QtFrameHost::CloseFrames(CDocument& document) {
+  for (CMapFrame* frame : FramesOf(document)) frame->CloseUnasked();
+}
+
+std::vector<CMapFrame*> QtFrameHost::FramesOf(const CDocument& document) const {
+  std::vector<CMapFrame*> frames;
+  if (!mainFrame_) return frames;
+  for (QMdiSubWindow* window : mainFrame_->MdiArea().subWindowList()) {
+    auto* frame = qobject_cast<CMapFrame*>(window);
+    if (frame && frame->View().GetDocument() == &document) frames.push_back(frame);
+  }
+  return frames;
+}
+
+void QtFrameHost::UpdateTitles(const CDocument& document) {
+  for (CMapFrame* frame : FramesOf(document)) frame->UpdateTitle();
+}
+
+void QtFrameHost::RequestIdle() {
+  if (isIdleRequested_) return;
+  isIdleRequested_ = true;
+  QMetaObject::invokeMethod(this, &QtFrameHost::Idle, Qt::QueuedConnection);
+}
+
+/// While a dialog is up the loop that runs is inside somebody's call; the pass waits until the main frame is
+/// free again.
+void QtFrameHost::Idle() {
+  if (!isIdleRequested_ || QApplication::activeModalWidget()) return;
+  isIdleRequested_ = false;
+  if (application_) application_->OnIdle();
+}
+
+}  // namespace quorvel

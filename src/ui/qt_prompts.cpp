@@ -1,0 +1,99 @@
+#include "ui/qt_prompts.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QFileDialog>
+#include <QMessageBox>
+
+#include "render/display_text.h"
+#include "ui/dialogs/new_type_dialog.h"
+#include "ui/resources/command_ids.h"
+#include "ui/resources/string_table.h"
+#include "ui/shown_text.h"
+
+namespace quorvel {
+namespace {
+
+QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
+  switch (buttons) {
+    case MessageButtons::Ok:
+      return QMessageBox::Ok;
+    case MessageButtons::OkCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case MessageButtons::SaveDiscardCancel:
+      return QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel;
+  }
+  return QMessageBox::Ok;
+}
+
+Answer AnswerOf(int button) {
+  switch (button) {
+    case QMessageBox::Ok:
+      return Answer::Ok;
+    case QMessageBox::Save:
+      return Answer::Save;
+    case QMessageBox::Discard:
+      return Answer::Discard;
+    default:
+      return Answer::Cancel;
+  }
+}
+
+/// A suffix is added to a name typed without one, that of the chosen type.
+void FollowChosenType(QFileDialog& dialog, const std::vector<FileFilter>& filters) {
+  const auto setSuffix = [&dialog, &filters](const QString& chosen) {
+    for (const FileFilter& filter : filters) {
+      if (DisplayText(filter.name) == chosen)
+        dialog.setDefaultSuffix(QString::fromStdString(filter.extension));
+    }
+  };
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog, setSuffix);
+  setSuffix(dialog.selectedNameFilter());
+}
+
+std::optional<std::string> RunFileDialog(const FilePrompt& prompt, QFileDialog::AcceptMode mode) {
+  QFileDialog dialog(QApplication::activeWindow());
+  dialog.setAcceptMode(mode);
+  dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+  if (!prompt.title.empty()) dialog.setWindowTitle(DisplayText(prompt.title));
+  QStringList filters;
+  for (const FileFilter& filter : prompt.filters) filters << DisplayText(filter.name);
+  if (!filters.isEmpty()) dialog.setNameFilters(filters);
+  if (!prompt.folder.empty()) dialog.setDirectory(QFile::decodeName(prompt.folder.c_str()));
+  if (!prompt.name.empty()) dialog.selectFile(QFile::decodeName(prompt.name.c_str()));
+  FollowChosenType(dialog, prompt.filters);
+  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
+  return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
+}
+
+}  // namespace
+
+Answer QtPrompts::Message(const std::string& text, MessageButtons buttons, MessageIcon icon) {
+  QMessageBox box(QApplication::activeWindow());
+  box.setWindowTitle(FromResource(FindString(IDS_APP_TITLE).text));
+  box.setTextFormat(Qt::PlainText);
+  box.setText(DisplayText(text).trimmed());
+  box.setIcon(icon == MessageIcon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon);
+  box.setStandardButtons(ButtonsOf(buttons));
+  if (buttons == MessageButtons::SaveDiscardCancel) box.setDefaultButton(QMessageBox::Save);
+  return AnswerOf(box.exec());
+}
+
+std::optional<std::string> QtPrompts::OpenFileName(const FilePrompt& prompt) {
+  return RunFileDialog(prompt, QFileDialog::AcceptOpen);
+}
+
+std::optional<std::string> QtPrompts::SaveFileName(const FilePrompt& prompt) {
+  return RunFileDialog(prompt, QFileDialog::AcceptSave);
+}
+
+std::optional<std::size_t> QtPrompts::SelectType(const std::vector<std::string>& types) {
+  QStringList names;
+  for (const std::string& type : types) names << DisplayText(type);
+  CNewTypeDialog dialog(QApplication::activeWindow());
+  dialog.SetChoices(names, 0);
+  if (dialog.exec() != QDialog::Accepted || dialog.GetSelected() < 0) return std::nullopt;
+  return static_cast<std::size_t>(dialog.GetSelected());
+}
+
+}  // namespace quorvel

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/prompts.h"
+
+namespace quorvel {
+
+/// The questions as message boxes and file dialogs over the active window.
+class QtPrompts final : public Prompts {
+ public:
+  Answer Message(const std::string& text, MessageButtons buttons, MessageIcon icon) override;
+  std::optional<std::string> OpenFileName(const FilePrompt& prompt) override;
+  std::optional<std::string> SaveFileName(const FilePrompt& prompt) override;
+  std::optional<std::size_t> SelectType(const std::vector<std::string>& types) override;
+};
+
+}  // namespace quorvel
