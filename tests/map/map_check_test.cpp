@@ -32,7 +32,7 @@ std::string Replaced(std::string text, std::string_view from, std::string_view t
 
 /// A sound map of 3 x 2 cells, of which 1 and 4 have values of their own.
 std::string SoundMap() {
-  MapContents map = ContentsOf(SampleClasses() + Lines({"[Classes/Kind/UI/Color]", "0=1", "1=2", "2=3"}));
+  MapContents map = ContentsOf(SampleClasses() + Lines("[Classes/Kind/UI/Color] 0=1 1=2 2=3"));
   MakeGrid(map, 3, 2);
   SetValue(map, 1, "Name", "Vega");
   SetValue(map, 4, "Count", "9");
@@ -56,8 +56,7 @@ std::size_t LineNumber(const std::string& text, std::string_view line) {
 TEST(MapCheck, WhatTheEditorSavesIsSound) {
   EXPECT_THAT(Problems(SoundMap()), IsEmpty());
   EXPECT_THAT(Problems(BinaryMap()), IsEmpty());
-  EXPECT_THAT(Problems(SampleClasses() + Lines({"[Classes/Kind/UI/Color]", "0=1", "1=2", "2=3", "// fine"})),
-              IsEmpty());
+  EXPECT_THAT(Problems(SampleClasses() + Lines("[Classes/Kind/UI/Color] 0=1 1=2 2=3 //fine")), IsEmpty());
 }
 
 struct CheckRow {
@@ -114,7 +113,7 @@ TEST(MapCheck, OneFaultOfATextMapIsOneProblemWithItsLine) {
 }
 
 TEST(MapCheck, OneFaultOfTheTypesIsOneProblem) {
-  const std::string sound = SampleClasses() + Lines({"[Classes/Kind/UI/Color]", "0=1", "1=2", "2=3"});
+  const std::string sound = SampleClasses() + Lines("[Classes/Kind/UI/Color] 0=1 1=2 2=3");
   const CheckRow rows[] = {
       {"[Classes/Kind]", "[Classes]\r\nnote=1\r\n[Classes/Kind]", "note",
        "Classes/note belongs to no type and is ignored"},
@@ -153,10 +152,10 @@ TEST(MapCheck, OneFaultOfTheTypesIsOneProblem) {
 }
 
 TEST(MapCheck, TypesThatComeTooLateAreTold) {
-  const std::string late =
-      Lines({"[Classes/Map]", "type=\"class\"", "[Classes/Map/Width]", "type=\"int\"", "[Classes/Map/Height]",
-             "type=\"int\"", "[Classes/Cell]", "type=\"class\"", "[Classes/Cell/k]", "type=\"index\"",
-             "range=\"Kind\"", "[Classes/Kind]", "type=\"names\"", "0=\"x\"", "UI/Color/0=1"});
+  const std::string late = Lines(
+      "[Classes/Map] type='class' [Classes/Map/Width] type='int' [Classes/Map/Height] type='int' "
+      "[Classes/Cell] type='class' [Classes/Cell/k] type='index' range='Kind' [Classes/Kind] type='names' "
+      "0='x' UI/Color/0=1");
   EXPECT_THAT(Problems(late), ElementsAre("11: member Cell/k names list Kind, which comes too late"));
 }
 
