@@ -32,17 +32,13 @@ TEST(Check, IsSilentWhenAllIsWellAndNamesFilesAndLines) {
   EXPECT_THAT(worse.err, StartsWith("quorvel-map: " + (folder / "missing.vrl") + ": "));
   EXPECT_THAT(worse.out, StartsWith(bad + ": "));
 
-  RunSettings input;
-  input.input = Replaced(MapText(), "Width=3", "Width=0");
-  const ToolRun refused = RunMapTool({"check", "-"}, input);
+  const ToolRun refused = RunOn(Replaced(MapText(), "Width=3", "Width=0"), {"check", "-"});
   EXPECT_EQ(refused.code, 1);
   EXPECT_THAT(refused.out, StartsWith("-: "));
 }
 
 TEST(Info, TellsWhatAMapHolds) {
-  RunSettings input;
-  input.input = MapText();
-  const ToolRun run = RunMapTool({"info", "-"}, input);
+  const ToolRun run = RunOn(MapText(), {"info", "-"});
   EXPECT_EQ(run.code, 0);
   for (const char* fact :
        {"text", "3 x 2, 6 cells", "2, values of 20 bytes each, 40 bytes in all", "Star, list of 2 items",
@@ -50,8 +46,7 @@ TEST(Info, TellsWhatAMapHolds) {
         "f, float: 0.5 to 1.5", "star, index: Red 1, Blue sky 1", "base, object"}) {
     EXPECT_THAT(run.out, HasSubstr(fact));
   }
-  input.input = Replaced(MapText(), "Width=3", "Width=0");
-  EXPECT_EQ(RunMapTool({"info", "-"}, input).code, 1);
+  EXPECT_EQ(RunOn(Replaced(MapText(), "Width=3", "Width=0"), {"info", "-"}).code, 1);
 }
 
 }  // namespace

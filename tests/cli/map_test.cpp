@@ -9,10 +9,6 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
-ToolRun RunOn(const std::string& input, const std::vector<std::string>& arguments) {
-  return RunMapTool(arguments, {.input = input, .outPath = {}, .folder = {}, .environment = {}});
-}
-
 constexpr char kTypeLines[] =
     "list Star 2 2\n"
     "item 526564\n"

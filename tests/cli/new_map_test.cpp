@@ -9,10 +9,6 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
-ToolRun RunOn(const std::string& input, const std::vector<std::string>& arguments) {
-  return RunMapTool(arguments, {.input = input, .outPath = {}, .folder = {}, .environment = {}});
-}
-
 std::string Size(const std::string& dump) {
   const std::size_t at = dump.find("width ");
   return dump.substr(at, dump.find('\n', dump.find("height ")) - at);

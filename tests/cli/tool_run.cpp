@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -83,6 +84,13 @@ pid_t Start(const std::vector<std::string>& arguments, const RunSettings& settin
   Redirect(STDERR_FILENO, streams.err, O_WRONLY | O_CREAT | O_TRUNC);
   if (!settings.folder.empty() && ::chdir(settings.folder.c_str()) != 0) ::_exit(126);
   for (std::string& variable : environment) ::putenv(variable.data());
+  if (settings.memoryBytes != 0) {
+    const rlimit limit{settings.memoryBytes, settings.memoryBytes};
+    ::setrlimit(RLIMIT_AS, &limit);
+  }
+  if (settings.closeStreams) {
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) ::close(stream);
+  }
   ::execv(argv[0], argv.data());
   ::_exit(127);
 }
@@ -106,6 +114,12 @@ ToolRun RunMapTool(const std::vector<std::string>& arguments, const RunSettings&
   if (settings.outPath.empty()) run.out = ReadBytes(outPath);
   run.err = ReadBytes(streams.err);
   return run;
+}
+
+ToolRun RunOn(const std::string& input, const std::vector<std::string>& arguments) {
+  RunSettings settings;
+  settings.input = input;
+  return RunMapTool(arguments, settings);
 }
 
 pid_t StartMapTool(const std::vector<std::string>& arguments) {

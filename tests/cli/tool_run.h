@@ -48,10 +48,15 @@ struct RunSettings {
   std::string outPath;                   ///< where standard output goes instead of into ToolRun::out
   std::string folder;                    ///< working folder
   std::vector<std::string> environment;  ///< "NAME=value" beside the usual ones
+  std::size_t memoryBytes = 0;           ///< address space the program may take; 0: no limit
+  bool closeStreams = false;             ///< runs with all three standard streams closed
 };
 
 /// Runs build/.../bin/quorvel-map to its end.
 ToolRun RunMapTool(const std::vector<std::string>& arguments, const RunSettings& settings = {});
+
+/// The same with this standard input.
+ToolRun RunOn(const std::string& input, const std::vector<std::string>& arguments);
 
 /// Starts quorvel-map and lets it run; its output is thrown away.
 pid_t StartMapTool(const std::vector<std::string>& arguments);

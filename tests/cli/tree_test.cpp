@@ -40,8 +40,7 @@ constexpr TreeRow kTrees[] = {
 TEST(DumpTree, PrintsNodesInOrder) {
   for (const TreeRow& row : kTrees) {
     SCOPED_TRACE(row.what);
-    const RunSettings input{.input = WithCrLf(row.input), .outPath = {}, .folder = {}, .environment = {}};
-    const ToolRun run = RunMapTool({"dump", "tree", "-"}, input);
+    const ToolRun run = RunOn(WithCrLf(row.input), {"dump", "tree", "-"});
     EXPECT_EQ(run.code, 0);
     EXPECT_EQ(run.err, "");
     EXPECT_EQ(run.out, row.dump);

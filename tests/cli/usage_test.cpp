@@ -93,7 +93,8 @@ TEST(Usage, FilesMayBeNamedLikeCommandsAndOptions) {
   folder.Write("info", "a=1\r\n");
   folder.Write("-x", "a=1\r\n");
   folder.Write("[b]", "a=1\r\n");
-  const RunSettings inFolder{.input = {}, .outPath = {}, .folder = folder.Path().string(), .environment = {}};
+  RunSettings inFolder;
+  inFolder.folder = folder.Path().string();
   EXPECT_EQ(RunMapTool({"dump", "tree", "info"}, inFolder).out, "L a 0 31\n");
   EXPECT_EQ(RunMapTool({"dump", "tree", "--", "-x"}, inFolder).out, "L a 0 31\n");
   EXPECT_EQ(RunMapTool({"dump", "tree", "[b]"}, inFolder).out, "L a 0 31\n");
@@ -132,7 +133,8 @@ TEST(Usage, FilesThatCannotBeReadAreTrouble) {
 TEST(Usage, ResultsThatCannotBeWrittenAreTrouble) {
   const TestFolder folder;
   const std::string tree = folder.Write("in.gdf", "a=1\r\n");
-  const RunSettings toFull{.input = {}, .outPath = "/dev/full", .folder = {}, .environment = {}};
+  RunSettings toFull;
+  toFull.outPath = "/dev/full";
   for (const std::vector<std::string>& arguments :
        {std::vector<std::string>{"dump", "tree", tree}, {"rewrite", tree, "-"}, {"--help"}, {"--version"}}) {
     SCOPED_TRACE(testing::PrintToString(arguments));

@@ -1,0 +1,130 @@
+#include <chrono>
+#include <csignal>
+#include <filesystem>
+#include <thread>
+
+#include <sys/wait.h>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "tests/cli/samples.h"
+
+namespace quorvel {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+/// Settings that give every cell of a large map a long text, so that writing it takes a while.
+std::string LargeSettings() {
+  const std::string name(200, 'n');
+  return TypesText() + WithCrLf(
+                           "[Fill]\nWidth=300\nHeight=300\nSeed=1\n[Fill/Global/0]\nmember=\"name\"\n"
+                           "[Fill/Global/0/Values/0]\nvalue=\"" +
+                           name + "\"\nshare=100\n");
+}
+
+/// Waits until the folder holds more than `known` files. False when the program ended before.
+bool WaitForTempFile(const TestFolder& folder, std::size_t known, pid_t process) {
+  while (::kill(process, 0) == 0) {
+    if (folder.Names().size() > known) return true;
+    siginfo_t ended{};
+    ::waitid(P_PID, static_cast<id_t>(process), &ended, WEXITED | WNOHANG | WNOWAIT);
+    if (ended.si_pid == process) return false;
+    std::this_thread::sleep_for(std::chrono::milliseconds(1));
+  }
+  return false;
+}
+
+// The signal comes while the temporary file lies beside the target.
+TEST(SafeOutput, ASignalWhileWritingLeavesTheOldFileAndNoOther) {
+  const TestFolder folder;
+  const std::string map = folder / "large.vrl";
+  ASSERT_EQ(
+      RunMapTool({"new", "--settings", folder.Write("s.txt", LargeSettings()), "--form", "binary", map}).code,
+      0);
+  const std::string out = folder.Write("out.vrl", "old");
+  const auto names = folder.Names();
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) {
+    SCOPED_TRACE(signal);
+    int caught = 0;
+    for (int attempt = 0; attempt < 10 && caught == 0; ++attempt) {
+      folder.Write("out.vrl", "old");
+      const pid_t process = StartMapTool({"convert", "--form", "text", map, out});
+      if (WaitForTempFile(folder, names.size(), process)) ::kill(process, signal);
+      const ToolRun run = WaitForTool(process);
+      EXPECT_EQ(folder.Names(), names);
+      caught = run.signal;
+      EXPECT_TRUE(caught != 0 || run.code == 0);  // it was faster
+    }
+    EXPECT_EQ(caught, signal);
+    EXPECT_EQ(ReadBytes(out), "old");
+  }
+}
+
+TEST(SafeOutput, TargetsThatCannotBeWrittenAreTrouble) {
+  const TestFolder folder;
+  const std::string map = folder.Write("map.vrl", MapText());
+  std::filesystem::create_directory(folder / "folder");
+  std::filesystem::create_symlink("loop", folder / "loop");
+  const auto names = folder.Names();
+  for (const std::string& out :
+       {folder / "folder", folder / "none/out.vrl", folder / "loop", std::string("/dev/full")}) {
+    SCOPED_TRACE(out);
+    for (const std::vector<std::string>& arguments :
+         {std::vector<std::string>{"convert", "--form", "binary", map, out},
+          {"rewrite", map, out},
+          {"new", "--definitions", map, out}}) {
+      const ToolRun run = RunMapTool(arguments);
+      EXPECT_EQ(run.code, 2);
+      EXPECT_THAT(run.err, StartsWith("quorvel-map: " + out + ": "));
+      EXPECT_EQ(folder.Names(), names);
+    }
+  }
+}
+
+TEST(SafeOutput, ALinkStaysALink) {
+  const TestFolder folder;
+  const std::string map = folder.Write("map.vrl", MapText()), real = folder.Write("real.vrl", "old");
+  std::filesystem::create_symlink("real.vrl", folder / "link.vrl");
+  ASSERT_EQ(RunMapTool({"rewrite", map, folder / "link.vrl"}).code, 0);
+  EXPECT_TRUE(std::filesystem::is_symlink(folder / "link.vrl"));
+  EXPECT_EQ(ReadBytes(real), MapText());
+}
+
+// With closed standard streams no message or result may end in a file that took their place.
+TEST(SafeOutput, ClosedStreamsDoNotEndInTheOutput) {
+  const TestFolder folder;
+  const std::string map = folder.Write("map.vrl", MapText()), out = folder / "out.vrl";
+  RunSettings closed;
+  closed.closeStreams = true;
+  EXPECT_EQ(RunMapTool({"rewrite", map, out}, closed).code, 0);
+  EXPECT_EQ(ReadBytes(out), MapText());
+  EXPECT_EQ(RunMapTool({"dump", "map", map}, closed).code, 2);
+  EXPECT_EQ(RunMapTool({"rewrite", "-", out}, closed).code, 2);
+  EXPECT_EQ(ReadBytes(out), MapText());
+}
+
+#ifndef __SANITIZE_ADDRESS__  // whose shadow takes more than any limit
+TEST(SafeOutput, WantOfMemoryIsTroubleAndKeepsTheOutput) {
+  const TestFolder folder;
+  std::string tree;
+  for (int leaf = 0; leaf < 800'000; ++leaf) tree += "a" + std::to_string(leaf) + "=1\r\n";
+  const std::string in = folder.Write("in.gdf", tree), out = folder.Write("out.gdf", "old");
+  RunSettings narrow;
+  narrow.memoryBytes = 150'000'000;
+  for (const std::vector<std::string>& arguments :
+       {std::vector<std::string>{"rewrite", in, out}, {"dump", "tree", in}}) {
+    SCOPED_TRACE(testing::PrintToString(arguments));
+    const ToolRun run = RunMapTool(arguments, narrow);
+    EXPECT_EQ(run.code, 2);
+    EXPECT_THAT(run.err, HasSubstr("memory"));
+  }
+  EXPECT_EQ(ReadBytes(out), "old");
+  EXPECT_EQ(folder.Names().size(), 2U);
+}
+#endif
+
+}  // namespace
+}  // namespace quorvel
