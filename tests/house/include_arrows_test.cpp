@@ -4,9 +4,11 @@
 #include <filesystem>
 #include <fstream>
 #include <map>
-#include <regex>
+#include <optional>
 #include <set>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include <gtest/gtest.h>
@@ -30,17 +32,22 @@ struct Include {
   bool own;  // "header" rather than <header>
 };
 
+/// The header that the line includes, if it does.
+std::optional<Include> ParseInclude(const std::string& file, std::string_view line) {
+  constexpr std::string_view kWord = "#include ";
+  if (!line.starts_with(kWord) || line.size() < kWord.size() + 2) return std::nullopt;
+  const std::string_view quoted = line.substr(kWord.size());
+  const std::size_t end = quoted.find_first_of("\">", 1);
+  return Include{file, std::string(quoted.substr(1, end - 1)), quoted.front() == '"'};
+}
+
 std::vector<Include> IncludesBelow(const fs::path& folder) {
-  static const std::regex kLine(R"(^\s*#\s*include\s*([<"])([^>"]+)[>"])");
   std::vector<Include> includes;
   for (const auto& entry : fs::recursive_directory_iterator(folder)) {
     if (entry.path().extension() != ".h" && entry.path().extension() != ".cpp") continue;
     std::ifstream source(entry.path());
-    std::smatch match;
     for (std::string line; std::getline(source, line);) {
-      if (std::regex_search(line, match, kLine)) {
-        includes.push_back({entry.path().string(), match[2].str(), match[1].str() == "\""});
-      }
+      if (auto include = ParseInclude(entry.path().string(), line)) includes.push_back(std::move(*include));
     }
   }
   return includes;
