@@ -1,7 +1,7 @@
 #include "platform/atomic_file.h"
 
+#include <algorithm>
 #include <cerrno>
-#include <cstring>
 #include <utility>
 
 #include <fcntl.h>
@@ -122,7 +122,7 @@ std::streamsize AtomicFile::xsputn(const char* from, std::streamsize count) {
   if (count >= epptr() - pptr() && !Flush()) return 0;
   if (count >= static_cast<std::streamsize>(kPieceBytes))  // large blocks skip the buffer
     return WriteOut(from, static_cast<std::size_t>(count)) ? count : 0;
-  std::memcpy(pptr(), from, static_cast<std::size_t>(count));
+  std::copy_n(from, count, pptr());
   pbump(static_cast<int>(count));
   return count;
 }
