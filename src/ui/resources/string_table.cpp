@@ -71,8 +71,7 @@ constexpr StringRow kStrings[] = {
     {ID_HELP, "Display help for the current task\nHelp"},
     {ID_NEXT_PANE, "Move to the next part of the window\nNext Pane"},
     {ID_PREV_PANE, "Move to the previous part of the window\nPrevious Pane"},
-    {ID_VIEW_TOOLBAR, "Show or hide the toolbar\nToolbar",
-     "Shows or hides the row of buttons."},
+    {ID_VIEW_TOOLBAR, "Show or hide the toolbar\nToolbar", "Shows or hides the row of buttons."},
     {ID_VIEW_STATUS_BAR, "Show or hide the status bar\nStatus Bar",
      "Shows or hides the bar at the lower edge."},
 };
