@@ -1,5 +1,7 @@
 #include "map/member_editors.h"
 
+#include <algorithm>
+#include <iterator>
 #include <memory>
 #include <variant>
 
@@ -28,7 +30,8 @@ void OpenEmbedded(const MemberDef& member, std::vector<MemberDef*>& open) {
   const ClassDef* embedded = EmbeddedClass(member);
   if (embedded == nullptr) return;
   const auto& members = embedded->Members();
-  for (auto next = members.rbegin(); next != members.rend(); ++next) open.push_back(next->get());
+  std::transform(members.rbegin(), members.rend(), std::back_inserter(open),
+                 [](const auto& inner) { return inner.get(); });
 }
 
 std::int32_t DefaultPosition(const MemberDef& member) {
