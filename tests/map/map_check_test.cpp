@@ -167,7 +167,7 @@ std::string WithNumber(std::string bytes, std::size_t at, std::int32_t number) {
 TEST(MapCheck, BlocksOfABinaryMapAreMeasured) {
   const std::string sound = BinaryMap();
   const std::string textBlock = std::string("none\0Vega\0none\0none\0none\0none\0", 30);
-  const std::size_t data = sound.size() - textBlock.size() - 6 * 16 - 12;
+  const std::size_t data = sound.size() - textBlock.size() - std::size_t{6} * 16 - 12;
   ASSERT_TRUE(sound.ends_with(textBlock));
   const std::size_t firstValues = data + 12;
 
