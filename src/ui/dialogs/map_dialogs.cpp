@@ -1,5 +1,7 @@
 #include "ui/dialogs/map_dialogs.h"
 
+#include <QApplication>
+
 #include "ui/dialogs/version_data_dialog.h"
 #include "ui/shown_text.h"
 #include "ui/wizard/cell_properties_page.h"
@@ -29,10 +31,14 @@ CPropertySettingList TakeSettings(CWizCellProperties& page) {
 
 }  // namespace
 
+QWidget* WindowMapDialogs::Parent() const {
+  return parent_ ? parent_.data() : QApplication::activeWindow();
+}
+
 std::optional<int> WindowMapDialogs::ChooseDataType(std::span<const std::string_view> names, int selected) {
   QStringList choices;
   for (const std::string_view name : names) choices += FromResource(name);
-  CVersionDataDialog dialog(parent_);
+  CVersionDataDialog dialog(Parent());
   dialog.SetChoices(choices, selected);
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
   return dialog.GetSelected();
@@ -47,7 +53,7 @@ std::optional<NewMapChoice> WindowMapDialogs::ChooseNewMap(const MapSizeLimits& 
   global.SetCellClass(cellClass);
   region.SetCellClass(cellClass);
 
-  CMapWizard wizard(parent_);
+  CMapWizard wizard(Parent());
   wizard.AddPage(size);
   wizard.AddPage(global);
   wizard.AddPage(region);
@@ -61,7 +67,7 @@ std::optional<CPropertySettingList> WindowMapDialogs::ChooseFilter(const CProper
   if (current) page.SetSettingList(std::make_unique<CPropertySettingList>(current->Copy()));
   page.SetCellClass(cellClass);
 
-  CMapWizard wizard(parent_);
+  CMapWizard wizard(Parent());
   wizard.AddPage(page);
   if (wizard.DoModal() != ID_WIZFINISH) return std::nullopt;
   return TakeSettings(page);

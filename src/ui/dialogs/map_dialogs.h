@@ -7,7 +7,7 @@
 
 namespace quorvel {
 
-/// The dialogs about maps as windows, modal over `parent`.
+/// The dialogs about maps as windows, modal over `parent`, without one over the active window.
 class WindowMapDialogs : public MapDialogs {
  public:
   explicit WindowMapDialogs(QWidget* parent) : parent_(parent) {}
@@ -18,6 +18,8 @@ class WindowMapDialogs : public MapDialogs {
                                                    const ClassDef* cellClass) override;
 
  private:
+  QWidget* Parent() const;
+
   QPointer<QWidget> parent_;
 };
 
