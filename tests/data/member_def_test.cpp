@@ -43,23 +43,20 @@ TEST(MemberDef, TextsAreStoredByKind) {
   const AllKinds all;
   struct Row {
     const MemberDef* member;
-    const char* text;
-    const char* stored;
+    const char *text, *stored;
   };
-  const Row rows[] = {
-      {all.s, "a text", "a text"},
-      {all.s, "", ""},
-      {all.i, " 42x", "42"},
-      {all.i, "99999999999", "2147483647"},
-      {all.f, "1e3", "1000.000000"},
-      {all.f, "1e999", "inf"},
-      {all.f, "-nan", "-nan"},
-      {all.x, "2", "blue"},
-      {all.x, "3", "<error>"},
-      {all.x, "-1", "<error>"},
-      {all.x, "2147483647", "<error>"},
-      {all.o, "7", "<error>"},
-  };
+  const Row rows[] = {{all.s, "a text", "a text"},
+                      {all.s, "", ""},
+                      {all.i, " 42x", "42"},
+                      {all.i, "99999999999", "2147483647"},
+                      {all.f, "1e3", "1000.000000"},
+                      {all.f, "1e999", "inf"},
+                      {all.f, "-nan", "-nan"},
+                      {all.x, "2", "blue"},
+                      {all.x, "3", "<error>"},
+                      {all.x, "-1", "<error>"},
+                      {all.x, "2147483647", "<error>"},
+                      {all.o, "7", "<error>"}};
   for (const Row& row : rows) EXPECT_EQ(all.ValueAfter(row.member, row.text), row.stored) << row.text;
   std::string text = "kept";
   for (const MemberDef* member : {all.s, all.i, all.f}) member->FormatValue(text, nullptr);
@@ -128,34 +125,6 @@ TEST(MemberDef, MappedValuesWrapAround) {
   EXPECT_EQ(all.i->GetMappedValue(all.instance), 0U);
   EXPECT_EQ(all.x->GetMappedValue(ClassInstance::None), 0U);
   EXPECT_EQ(ListDef("empty").GetItemValue(3), 0U);
-}
-
-TEST(MemberDef, OnlyReferringMembersKeepATag) {
-  const AllKinds all;
-  for (MemberDef* member : {all.s, all.i, all.f, all.x, all.o}) {
-    const bool refers = member->GetRefType() != nullptr;
-    EXPECT_EQ(refers, member == all.x || member == all.o);
-    EXPECT_EQ(member->SetTag(7), refers ? 7 : -1);
-    EXPECT_EQ(member->GetTag(), refers ? 7 : -1);
-  }
-}
-
-TEST(MemberDef, AttachmentsEndWithTheMember) {
-  struct Counted : MemberAttachment {
-    explicit Counted(int& count) : ended(count) {}
-    ~Counted() override { ++ended; }
-    int& ended;
-  };
-  int ended = 0;
-  {
-    IntMember member("i");
-    EXPECT_EQ(member.GetAttachment(), nullptr);
-    EXPECT_EQ(member.SetAttachment(std::make_unique<Counted>(ended)), nullptr);
-    const auto previous = member.SetAttachment(std::make_unique<Counted>(ended));
-    EXPECT_NE(previous, nullptr);
-    EXPECT_EQ(ended, 0) << "the previous one is handed back, not ended";
-  }
-  EXPECT_EQ(ended, 2);
 }
 
 }  // namespace

@@ -50,17 +50,15 @@ TEST(TextArena, BlocksOfFilesAreAdoptedWhole) {
     std::string text;
   };
   const std::string longText(3 * 4096 + 5, 'x');
-  const Row rows[] = {
-      {"the first text", std::string("abc\0de\0", 7), 0, "abc"},
-      {"the second", std::string("abc\0de\0", 7), 4, "de"},
-      {"the middle of a text", std::string("abc\0de\0", 7), 1, "bc"},
-      {"an end", std::string("abc\0de\0", 7), 3, ""},
-      {"the last may end with the file", std::string("abc\0de", 6), 4, "de"},
-      {"the block's own end", std::string("abc", 3), 3, ""},
-      {"no block", "", 0, ""},
-      {"across pages", longText, 4096, longText.substr(4096)},
-      {"text by text across pages", longText + std::string("\0end", 4), 3 * 4096 + 6, "end"},
-  };
+  const Row rows[] = {{"the first text", std::string("abc\0de\0", 7), 0, "abc"},
+                      {"the second", std::string("abc\0de\0", 7), 4, "de"},
+                      {"the middle of a text", std::string("abc\0de\0", 7), 1, "bc"},
+                      {"an end", std::string("abc\0de\0", 7), 3, ""},
+                      {"the last may end with the file", std::string("abc\0de", 6), 4, "de"},
+                      {"the block's own end", std::string("abc", 3), 3, ""},
+                      {"no block", "", 0, ""},
+                      {"across pages", longText, 4096, longText.substr(4096)},
+                      {"text by text across pages", longText + std::string("\0end", 4), 3 * 4096 + 6, "end"}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.what);
     TextArena arena;

@@ -70,15 +70,13 @@ TEST(TextWriter, PrefixesGrowByTheBranchesName) {
   const DataBranch* b = root.FindBranch("b");
   struct Row {
     const DataNode* node;
-    const char* before;
-    const char* line;
-    const char* after;
+    const char *before, *line, *after;
   };
-  const Row rows[] = {
-      {&root, "", "", ""},      // a root's name is not part of the text
-      {&root, "p", "", "p/R"},  // begins with a branch
-      {b, "", "[b]\r\n", "b"}, {b, "p/q", "[p/q/b]\r\n", "p/q/b"}, {b->GetFirstChild(), "p", "x=1\r\n", "p"},
-  };
+  const Row rows[] = {{&root, "", "", ""},      // a root's name is not part of the text
+                      {&root, "p", "", "p/R"},  // begins with a branch
+                      {b, "", "[b]\r\n", "b"},
+                      {b, "p/q", "[p/q/b]\r\n", "p/q/b"},
+                      {b->GetFirstChild(), "p", "x=1\r\n", "p"}};
   for (const Row& row : rows) {
     std::string prefix = row.before;
     EXPECT_EQ(row.node->FormatTextLine(prefix), row.line);
