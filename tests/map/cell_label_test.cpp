@@ -11,9 +11,7 @@ TEST(FormatCellLabel, ShowsEachKindInItsWay) {
   MapContents contents = ContentsOf(SampleClasses());
   MakeGrid(contents, 1, 1);
   struct Row {
-    const char* member;
-    const char* value;
-    const char* label;
+    const char *member, *value, *label;
   };
   constexpr Row kRows[] = {{"Name", "Vega", "N:Vega"},     {"Name", "", "N:"},
                            {"Count", "-3", "C:-3"},        {"Weight", "2.125", "W:2.12"},

@@ -11,18 +11,16 @@ struct Row {
 };
 
 TEST(CellMetrics, FourWholePixelMeasuresOfEverySize) {
-  constexpr Row rows[] = {
-      {10, 10, 5, 8, 1},
-      {15, 15, 7, 12, 2},
-      {20, 20, 10, 17, 2},
-      {25, 25, 12, 21, 3},
-      {40, 40, 20, 34, 5},
-      {100, 100, 50, 86, 14},
-      {10.99F, 10, 5, 9, 1},  // cut, not rounded
-      {16777216, 16777216, 8388608, 14529496,
-       2421582},  // only the constant one step above sqrt(3)/2 gives the step
-      {0.5F, 0, 0, 0, 0},
-  };
+  constexpr Row rows[] = {{10, 10, 5, 8, 1},
+                          {15, 15, 7, 12, 2},
+                          {20, 20, 10, 17, 2},
+                          {25, 25, 12, 21, 3},
+                          {40, 40, 20, 34, 5},
+                          {100, 100, 50, 86, 14},
+                          {10.99F, 10, 5, 9, 1},  // cut, not rounded
+                          {16777216, 16777216, 8388608, 14529496,
+                           2421582},  // only the constant one step above sqrt(3)/2 gives the step
+                          {0.5F, 0, 0, 0, 0}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.cellSize);
     const CellMetrics metrics = CellMetrics::At(row.cellSize);

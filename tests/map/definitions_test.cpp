@@ -10,44 +10,6 @@
 namespace quorvel {
 namespace {
 
-std::string DescribeDefault(const MemberDef& member) {
-  const MemberDefault& initial = member.GetDefault();
-  if (const auto* text = std::get_if<std::string>(&initial)) return '"' + *text + '"';
-  if (const auto* range = std::get_if<IntDefault>(&initial)) {
-    return fmt::format("{},{},{}", range->min, range->max, range->initial);
-  }
-  if (const auto* range = std::get_if<FloatDefault>(&initial)) {
-    return fmt::format("{},{},{}", range->min, range->max, range->initial);
-  }
-  return "-";
-}
-
-/// A type in one line: "class NAME: MEMBER KIND DEFAULT REF; ..." or "list NAME: ITEM... | VALUE...".
-std::string DescribeType(const TypeDef& type) {
-  std::string text;
-  if (type.GetKind() == TypeKind::Class) {
-    text = "class " + type.GetName() + ':';
-    for (const auto& member : static_cast<const ClassDef&>(type).Members()) {
-      const TypeDef* reference = member->GetRefType();
-      text += fmt::format(" {} {} {} {};", member->GetName(), static_cast<int>(member->GetKind()),
-                          DescribeDefault(*member), reference == nullptr ? "-" : reference->GetName());
-    }
-    return text;
-  }
-  const auto& list = static_cast<const ListDef&>(type);
-  text = "list " + type.GetName() + ':';
-  for (const std::string& name : list.ItemNames()) text += ' ' + name;
-  text += " |";
-  for (const std::uint32_t value : list.ItemValues()) text += fmt::format(" {}", value);
-  return text;
-}
-
-std::string DescribeTypes(const MapContents& contents) {
-  std::string text;
-  for (const auto& type : contents.m_pTypes->Types()) text += DescribeType(*type) + '\n';
-  return text;
-}
-
 MapContents Build(const std::string& file, std::string& errorText) {
   MapContents contents;
   std::stringbuf input(file);
@@ -61,8 +23,7 @@ MapContents Build(const std::string& file, std::string& errorText) {
 TEST(Definitions, BuildWhatEntriesDeclare) {
   struct Row {
     const char* title;
-    std::string entries;
-    std::string types;
+    std::string entries, types;
   };
   const Row rows[] = {
       {"members of every kind",
@@ -95,7 +56,7 @@ TEST(Definitions, BuildWhatEntriesDeclare) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.title);
     std::string errorText;
-    EXPECT_EQ(DescribeTypes(Build(row.entries, errorText)), row.types);
+    EXPECT_EQ(DescribeTypes(*Build(row.entries, errorText).m_pTypes), row.types);
   }
 }
 
@@ -121,18 +82,6 @@ TEST(Definitions, SayWhichClassesAreMissing) {
   }
 }
 
-TEST(Definitions, KeepACopyOfTheBranch) {
-  std::string errorText;
-  const MapContents contents = Build(SampleClasses(), errorText);
-  EXPECT_EQ(contents.m_pMapClass, contents.m_pTypes->FindClass("Map"));
-  EXPECT_EQ(contents.m_pCellClass, contents.m_pTypes->FindClass("Cell"));
-  DataBranch root({});
-  root.AddCopy(contents.m_pClasses.get());
-  std::stringbuf text;
-  root.WriteText(&text);
-  EXPECT_EQ(text.str(), SampleClasses());
-}
-
 TEST(Definitions, ClassesThatDoubleEachOtherAreMeasuredAtOnce) {
   std::string file = Lines("[Classes/c0] type='class' [Classes/c0/x] type='int'");
   for (int i = 1; i <= 40; ++i) {
@@ -149,18 +98,6 @@ TEST(Definitions, ClassesThatDoubleEachOtherAreMeasuredAtOnce) {
   EXPECT_EQ(errorText, "");
   EXPECT_FALSE(CheckMap(contents, 1, 1, errorText));
   EXPECT_EQ(errorText, "Values of one cell take 2147483644 bytes, above the limit of 1048576 bytes.\n");
-}
-
-TEST(Definitions, ReportWhatIsGoingOn) {
-  MapContents contents;
-  std::stringbuf file(SampleClasses());
-  DataBranch tree({});
-  FeedbackLog log;
-  std::string errorText = "earlier\n";
-  EXPECT_FALSE(LoadDefinitions(file, tree, contents, log, errorText));
-  EXPECT_EQ(errorText, "earlier\n");
-  EXPECT_EQ(log.Events(),
-            (std::vector<std::string>{"wait", "text Loading file definitions...", "text ", "end wait"}));
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 #include "map/kept_fills.h"
 
-#include <filesystem>
-
 #include <gmock/gmock.h>
 
 #include "tests/platform/temp_folder.h"
@@ -9,21 +7,13 @@
 namespace quorvel {
 namespace {
 
-std::vector<std::string> FilesIn(const std::string& folder) {
-  std::vector<std::string> names;
-  for (const auto& entry : std::filesystem::directory_iterator(folder))
-    names.push_back(entry.path().filename());
-  std::ranges::sort(names);
-  return names;
-}
-
 TEST(KeptFills, TheLastTenStay) {
   const TempFolder folder;
   folder.Write("note.md", "not a fill");
   std::string errorText;
   for (int fill = 0; fill < 12; ++fill)
     ASSERT_TRUE(KeepFillSettings(folder / "", 1'000'000'000 + fill / 2, {}, nullptr, errorText)) << errorText;
-  const auto names = FilesIn(folder / "");
+  const auto names = folder.Names();
   ASSERT_EQ(names.size(), kKeptFills + 1);
   EXPECT_EQ(names.front(), "2001-09-09-014641-2.txt");
   EXPECT_EQ(names.back(), "note.md");

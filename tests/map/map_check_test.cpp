@@ -102,8 +102,7 @@ TEST(MapCheck, OneFaultOfATextMapIsOneProblemWithItsLine) {
       {"Count=9", "Count=9\r\nsub/x=1", "sub/x", "leaf sub/x lies below a cell and is ignored"},
       {"Weight=1.500000", "Weight=nan", "Weight=nan", "cell 1(1:0): Weight is nan, outside 0..9"},
       {"Kind=0", "Kind=3", "Kind=3", "cell 1(1:0): Kind is 3, but list Kind has 3 items"},
-      {"Kind=0", "Kind=-1", "Kind=-1", "cell 1(1:0): Kind is -1, but list Kind has 3 items"},
-  };
+      {"Kind=0", "Kind=-1", "Kind=-1", "cell 1(1:0): Kind is -1, but list Kind has 3 items"}};
   for (const CheckRow& row : rows) {
     SCOPED_TRACE(std::string(row.from) + " -> " + row.to);
     const std::string map = Replaced(SoundMap(), row.from, row.to);
@@ -136,8 +135,7 @@ TEST(MapCheck, OneFaultOfTheTypesIsOneProblem) {
       {"range=\"Part\"", "range=\"Cell\"", "range=\"Cell\"",
        "member Cell/Part holds its own class and takes no room"},
       {"[Classes/Map/Height]\r\ntype=\"int\"", "[Classes/Map/Height]\r\ntype=\"string\"", "",
-       "class Map has no Width or no Height with a range of numbers"},
-  };
+       "class Map has no Width or no Height with a range of numbers"}};
   for (const CheckRow& row : rows) {
     SCOPED_TRACE(std::string(row.from) + " -> " + row.to);
     const std::string types = Replaced(sound, row.from, row.to);

@@ -24,15 +24,6 @@ TEST(MapContents, CreateCellMakesOneFreshInstanceACell) {
   EXPECT_FALSE(CreateCell(contents, {2, 0}));
 }
 
-TEST(MapContents, CreateCellLeavesNoRecordWithoutInstance) {
-  MapContents contents = ContentsOf(Lines("[Classes/Map] type='class' [Classes/Cell] type='class'"));
-  MakeGrid(contents, 2, 2);
-  EXPECT_FALSE(CreateCell(contents, {0, 0}));
-  contents.m_pCellClass = nullptr;
-  EXPECT_FALSE(CreateCell(contents, {0, 0}));
-  EXPECT_EQ(contents.m_pGrid->Count(), 0);
-}
-
 TEST(MapContents, AFullMapMustHoldAllItsValues) {
   std::string definitions = Lines("[Classes/Map] type='class' [Classes/Cell] type='class'");
   for (int i = 0; i < 1100; ++i) definitions += Lines("[Classes/Cell/m" + std::to_string(i) + "] type='int'");

@@ -60,14 +60,6 @@ TEST(MapDiff, BitsDecideNotTexts) {
   EXPECT_EQ(Diff(a, b), "1(1:0) weight: 0.000000 -> 0.000000\n2(2:0) weight: 0.000000 -> -0.000000\n");
 }
 
-TEST(MapDiff, CellsWithoutARecordCountWithTheirDefaults) {
-  MapContents a = MapOf(kCount), b = MapOf(kCount);
-  SetValue(a, 1, "count", "5");
-  SetValue(b, 3, "count", "6");
-  EXPECT_EQ(Diff(a, b), "3(0:1) count: 5 -> 6\n");
-  EXPECT_EQ(Diff(b, a), "3(0:1) count: 6 -> 5\n");
-}
-
 // With other defaults every cell without records differs, and one with the other's default value does not.
 TEST(MapDiff, DifferentDefaultsShowInEveryCell) {
   MapContents a = MapOf(kCount, 2, 2), b = MapOf(Member("count", "int", "0<7<9"), 2, 2);
@@ -91,15 +83,6 @@ TEST(MapDiff, MembersAreMatchedByName) {
   EXPECT_EQ(
       Diff(a, b),
       "member text: only in A\nmember count: int -> float\nmember o: only in A\nmember new: only in B\n");
-}
-
-TEST(MapDiff, TheFormOfTheFileDoesNotCount) {
-  MapContents sample = SampleMap(20, 10, 3);
-  std::string errorText;
-  MapContents fromText = Loaded(SavedAs(sample, kTextForm), errorText);
-  const MapContents fromBinary = Loaded(SavedAs(fromText, kBinaryForm), errorText);
-  EXPECT_EQ(Diff(fromText, fromBinary), "");
-  EXPECT_EQ(errorText, "");
 }
 
 }  // namespace

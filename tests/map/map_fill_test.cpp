@@ -101,18 +101,13 @@ TEST(MapFill, CoverageAndSharesAgainstTheDraws) {
       {"any other draw is not", 0, {{"7", 100}}, 1, "-"},                      // draws 41
       {"the greatest draw is covered by 100", 100, {{"7", 100}}, 32638, "7"},  // draws 8316, 32767
       {"and answered by a sum of 100", 100, {{"6", 30}, {"7", 70}}, 32638, "7"},
-      {"a sum of 0 answers no draw, not even 0",
-       100,
-       {{"6", 0}, {"7", 30}, {"8", 70}},
-       34205,
-       "7"},  // 13433, 0
+      {"a sum of 0 answers not even 0", 100, {{"6", 0}, {"7", 30}, {"8", 70}}, 34205, "7"},  // 13433, 0
       {"shares of 0 only", 100, {{"6", 0}, {"7", 0}}, 34205, "-"},
       {"a draw above the total", 100, {{"6", 20}, {"7", 30}}, 1, "-"},  // draws 0.13, 56.36
       {"no draw is below a negative sum", 100, {{"6", -5}, {"7", 60}}, 34205, "7"},
       {"a sum that falls hides nothing that it reached", 100, {{"6", 60}, {"7", -30}, {"8", 30}}, 1, "6"},
       {"a sum that falls back to 0 is passed over", 100, {{"6", 20}, {"7", -20}, {"8", 80}}, 1, "8"},
-      {"shares beyond 100", 100, {{"6", 20}, {"7", 500}}, 1, "7"},
-  };
+      {"shares beyond 100", 100, {{"6", 20}, {"7", 500}}, 1, "7"}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.why);
     MapContents map = MapOfEveryKind(1, 1);
@@ -127,24 +122,14 @@ TEST(MapFill, WhereRegionsBeginAndMeet) {
     std::vector<ValueRow> values;
     std::string cells;  // "-": a seed, or a border
   };
+  const std::vector<ValueRow> corners = {{"A", 0, 0, 0}, {"B", 0, 100, 100}};
+  const std::vector<ValueRow> lowest = {{"A", 0, 50, 100}, {"B", 0, 50, 100}, {"C", 0, 50, 100}};
   const Row rows[] = {
-      {"an origin left of the first column begins at the lowest free cell",
-       6,
-       4,
-       {{"A", 0, 0, 0}, {"B", 0, 100, 100}},
-       "-AAA-BAAA-BBAA-BBBA-BBB-"},
-      {"one border cell between an odd number of columns",
-       5,
-       1,
-       {{"A", 0, 0, 0}, {"B", 0, 100, 100}},
-       "-A-B-"},
-      {"none between an even number", 4, 1, {{"A", 0, 0, 0}, {"B", 0, 100, 100}}, "-AB-"},
-      {"seeds side by side", 2, 1, {{"A", 0, 0, 0}, {"B", 0, 100, 100}}, "--"},
-      {"three of one origin begin at 3, 0 and 1",
-       7,
-       1,
-       {{"A", 0, 50, 100}, {"B", 0, 50, 100}, {"C", 0, 50, 100}},
-       "----AAA"},
+      {"an origin left of the first column: the lowest free cell", 6, 4, corners, "-AAA-BAAA-BBAA-BBBA-BBB-"},
+      {"one border cell between an odd number of columns", 5, 1, corners, "-A-B-"},
+      {"none between an even number", 4, 1, corners, "-AB-"},
+      {"seeds side by side", 2, 1, corners, "--"},
+      {"three of one origin begin at 3, 0 and 1", 7, 1, lowest, "----AAA"},
       {"the middle", 3, 3, {{"A", 0, 50, 50}}, "A-AAAAAAA"},
       {"above a lowered column, so the lowest free cell", 4, 1, {{"A", 0, 40, 1}}, "-AAA"},
       {"the widest map whose right edge is hit", 24, 1, {{"A", 0, 100, 100}}, std::string(23, 'A') + "-"},
@@ -159,20 +144,6 @@ TEST(MapFill, WhereRegionsBeginAndMeet) {
     for (const std::string& name : Values(map, "Name")) cells += name;
     EXPECT_EQ(cells, row.cells) << row.why;
   }
-}
-
-TEST(MapFill, SettingsThatCannotBeFilled) {
-  MapContents map = MapOfEveryKind(2, 1);
-  CPropertySettingList global, region;
-  AddSetting(region, Member(map, "Name"), 100, {{"A"}, {"B"}, {"C"}});  // more values than cells: skipped
-  AddSetting(region, Member(map, "Name"), 100, {});                     // no values: one idle step
-  AddSetting(region, Member(map, "Name"), 100, {{"A"}, {"B"}});         // every cell a seed: no step
-  FillLog log;
-  FillMap(map, global, region, 1, log, log);
-  EXPECT_THAT(log.lines,
-              testing::ElementsAre("show", "progress 0", "text Filling Regions (2 cells left)", "progress 0",
-                                   "hide", "text ", "show", "progress 0", "hide", "text "));
-  EXPECT_EQ(map.m_pGrid->Count(), 0);
 }
 
 TEST(MapFill, ValuesThatCannotBeStoredStillMakeAndTellTheCell) {

@@ -21,17 +21,15 @@ TEST(MapFilter, ACellPassesWhenItsValueIsOneOfTheValues) {
   SetValue(map, 0, "Name", "Vega");
   SetValue(map, 0, "Weight", "2.5");
   SetValue(map, 0, "Kind", "1");
-  const FilterRow rows[] = {
-      {"the one value", "Kind", 100, {"1"}, true},
-      {"one of several", "Count", 1, {"4", "5"}, true},
-      {"none of them", "Kind", 100, {"0", "2"}, false},
-      {"a text added again is the same text", "Name", 100, {"Sol", "Vega"}, true},
-      {"texts differ in case", "Name", 100, {"vega"}, false},
-      {"a float", "Weight", 100, {"2.50"}, true},
-      {"a property switched off", "Kind", 0, {"0"}, true},
-      {"a property without values", "Kind", 100, {}, true},
-      {"objects have no value", "Part", 100, {"x"}, true},
-  };
+  const FilterRow rows[] = {{"the one value", "Kind", 100, {"1"}, true},
+                            {"one of several", "Count", 1, {"4", "5"}, true},
+                            {"none of them", "Kind", 100, {"0", "2"}, false},
+                            {"a text added again is the same text", "Name", 100, {"Sol", "Vega"}, true},
+                            {"texts differ in case", "Name", 100, {"vega"}, false},
+                            {"a float", "Weight", 100, {"2.50"}, true},
+                            {"a property switched off", "Kind", 0, {"0"}, true},
+                            {"a property without values", "Kind", 100, {}, true},
+                            {"objects have no value", "Part", 100, {"x"}, true}};
   const ClassInstance cell = map.m_pGrid->Find(0)->data;
   for (const FilterRow& row : rows) {
     SCOPED_TRACE(row.what);

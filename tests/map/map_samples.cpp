@@ -13,19 +13,33 @@
 namespace quorvel {
 namespace {
 
-std::string DescribeMember(const MemberDef& member) {
-  const TypeDef* reference = member.GetRefType();
-  return fmt::format("  {} {} {}\n", member.GetName(), static_cast<int>(member.GetKind()),
-                     reference == nullptr ? "-" : reference->GetName());
+std::string DescribeDefault(const MemberDef& member) {
+  const MemberDefault& initial = member.GetDefault();
+  if (const auto* text = std::get_if<std::string>(&initial)) return '"' + *text + '"';
+  if (const auto* range = std::get_if<IntDefault>(&initial))
+    return fmt::format("{},{},{}", range->min, range->max, range->initial);
+  if (const auto* range = std::get_if<FloatDefault>(&initial))
+    return fmt::format("{},{},{}", range->min, range->max, range->initial);
+  return "-";
 }
 
-std::string DescribeTypes(const TypeList& types) {
+/// A type in one line: "class NAME: MEMBER KIND DEFAULT REF; ..." or "list NAME: ITEM... | VALUE...".
+std::string DescribeType(const TypeDef& type) {
   std::string text;
-  for (const auto& type : types.Types()) {
-    text += type->GetName() + '\n';
-    if (type->GetKind() != TypeKind::Class) continue;
-    for (const auto& member : static_cast<const ClassDef&>(*type).Members()) text += DescribeMember(*member);
+  if (type.GetKind() == TypeKind::Class) {
+    text = "class " + type.GetName() + ':';
+    for (const auto& member : static_cast<const ClassDef&>(type).Members()) {
+      const TypeDef* reference = member->GetRefType();
+      text += fmt::format(" {} {} {} {};", member->GetName(), static_cast<int>(member->GetKind()),
+                          DescribeDefault(*member), reference == nullptr ? "-" : reference->GetName());
+    }
+    return text;
   }
+  const auto& list = static_cast<const ListDef&>(type);
+  text = "list " + type.GetName() + ':';
+  for (const std::string& name : list.ItemNames()) text += ' ' + name;
+  text += " |";
+  for (const std::uint32_t value : list.ItemValues()) text += fmt::format(" {}", value);
   return text;
 }
 
@@ -127,14 +141,19 @@ MapContents Loaded(const std::string& bytes, std::string& errorText) {
   return LoadMapFile(file, feedback, errorText);
 }
 
+std::string DescribeTypes(const TypeList& types) {
+  std::string text;
+  for (const auto& type : types.Types()) text += DescribeType(*type) + '\n';
+  return text;
+}
+
 std::string Describe(const MapContents& contents) {
   std::string text = fmt::format("form {}\n", contents.m_nDataType) + DescribeTypes(*contents.m_pTypes);
   if (contents.m_pGrid == nullptr) return text + "no grid\n";
   const CellGrid& grid = *contents.m_pGrid;
   text += fmt::format("{} x {}\n", grid.Width(), grid.Height());
-  for (auto record = grid.Following(-1); record; record = grid.Following(record->index)) {
+  for (auto record = grid.Following(-1); record; record = grid.Following(record->index))
     text += DescribeRecord(contents, *record);
-  }
   return text;
 }
 

@@ -32,6 +32,10 @@ std::string SavedAs(MapContents& contents, int form);
 /// What the bytes are loaded as.
 MapContents Loaded(const std::string& bytes, std::string& errorText);
 
+/// The types a line each, in their order: "class NAME: MEMBER KIND DEFAULT REF; ..." or
+/// "list NAME: ITEM... | VALUE...".
+std::string DescribeTypes(const TypeList& types);
+
 /// Everything that a map is, as text: form, size, types, records with the bits of their values.
 std::string Describe(const MapContents& contents);
 

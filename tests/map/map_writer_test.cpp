@@ -104,12 +104,6 @@ TEST(MapWriter, WritesTheBinaryFormByteForByte) {
   EXPECT_EQ(contents.m_pCellClass->CountInstances(), 1U);  // the defaults were only lent
 }
 
-TEST(MapWriter, PadsTextWithOneToFourZeros) {
-  EXPECT_EQ(PaddedTextBytes(96), 100U);
-  EXPECT_EQ(PaddedTextBytes(97), 100U);
-  EXPECT_EQ(PaddedTextBytes(99), 100U);
-}
-
 TEST(MapWriter, OffsetsCountTheirOwnDigits) {
   // Text sizes around the place where the offsets' digits grow and push the blocks on.
   for (std::size_t fill = 0; fill < 120; ++fill) {
@@ -170,9 +164,8 @@ TEST(MapWriter, RefusesBeforeTheFirstByte) {
   SetValue(contents, 0, "Name", std::string(1000000, 'x'));
   const MemberDef* name = contents.m_pCellClass->FindMember("Name");
   const ClassInstance first = contents.m_pGrid->Find(0)->data;
-  for (int index = 1; index < 3000; ++index) {
+  for (int index = 1; index < 3000; ++index)
     name->SetValue(CreateCell(contents, {index, 0})->data, name->GetValuePtr(first));
-  }
   errorText.clear();
   EXPECT_FALSE(PlanMapFile(contents, "", errorText));
   EXPECT_TRUE(errorText.find("above the limit of 2147483647 bytes for the binary form.\n") != errorText.npos)

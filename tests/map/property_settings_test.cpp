@@ -120,10 +120,7 @@ TEST(PropertySetting, EveryStoreClamps) {
 
 TEST(ValueSetting, HoldsTheDefaultUntilATextIsStored) {
   struct Row {
-    const char* member;
-    const char* before;
-    const char* text;
-    const char* after;
+    const char *member, *before, *text, *after;
   };
   constexpr Row rows[] = {{"Name", "none", "Vega 7", "Vega 7"}, {"Wealth", "5", "12abc", "12"},
                           {"Wealth", "5", "abc", "0"},          {"Heat", "1.500000", "2.25", "2.250000"},

@@ -1,7 +1,5 @@
 #include "map/range_text.h"
 
-#include <limits>
-
 #include <gtest/gtest.h>
 
 namespace quorvel {
@@ -33,14 +31,6 @@ TEST(ParseRange, SplitsMinimumDefaultMaximum) {
     EXPECT_EQ(ParseRange(row.text),
               (NumberDefault<std::string_view>{row.minimum, row.maximum, row.standard}));
   }
-}
-
-TEST(ParseRange, ConvertsLikeTheCLibrary) {
-  EXPECT_EQ(ParseIntRange("-3<7x<99999999999"),
-            (IntDefault{-3, std::numeric_limits<std::int32_t>::max(), 7}));
-  EXPECT_EQ(ParseIntRange("Stars"), (IntDefault{0, 0, 0}));
-  EXPECT_EQ(ParseFloatRange("-1.5<0.25<1e2"), (FloatDefault{-1.5F, 100.0F, 0.25F}));
-  EXPECT_EQ(ParseFloatRange("1e999").max, std::numeric_limits<float>::infinity());
 }
 
 TEST(ParseKind, IgnoresLetterCaseAndNothingElse) {
