@@ -62,6 +62,7 @@ std::string ItemCounts(const IndexMember& member, const std::vector<const void*>
 
 std::string TextCounts(const StringMember& member, const std::vector<const void*>& slots) {
   std::vector<std::string_view> texts;
+  texts.reserve(slots.size());
   for (const void* slot : slots) texts.push_back(member.Text(slot));
   const auto empty = std::count(texts.begin(), texts.end(), std::string_view());
   std::sort(texts.begin(), texts.end());
