@@ -25,6 +25,7 @@ class CWinApp : public DocumentOwner {
   const std::vector<std::unique_ptr<CMultiDocTemplateWithID>>& Templates() const { return templates_; }
   const std::vector<std::unique_ptr<CDocument>>& Documents() const { return documents_; }
   RecentFiles& GetRecentFiles() { return recentFiles_; }
+  const RecentFiles& GetRecentFiles() const { return recentFiles_; }
 
   /// New, Open and a recent file; null: cancelled, refused or busy.
   CDocument* OnFileNew();

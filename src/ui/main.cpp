@@ -2,7 +2,11 @@
 #include <string_view>
 
 #include <QApplication>
+#include <QFile>
+#include <QStandardPaths>
 
+#include "platform/live_temp_files.h"
+#include "platform/state_folder.h"
 #include "ui/command_line.h"
 #include "ui/dialogs/map_dialogs.h"
 #include "ui/map_editor_app.h"
@@ -18,6 +22,13 @@ bool AsksForText(int argc, char** argv) {
   });
 }
 
+/// Where an installed copy has its definitions; empty: not installed.
+std::string InstalledShareFolder() {
+  const QString folder = QStandardPaths::locate(QStandardPaths::GenericDataLocation,
+                                                QStringLiteral("quorvel"), QStandardPaths::LocateDirectory);
+  return QFile::encodeName(folder).toStdString();
+}
+
 int RunEditor(const quorvel::CCommandLineInfo& commandLine) {
   using namespace quorvel;
   QtPrompts prompts;
@@ -26,7 +37,15 @@ int RunEditor(const quorvel::CCommandLineInfo& commandLine) {
   QtToolOptions toolOptions;
   SettingsStore settings(SettingsPlaces::FromEnvironment());
   const SystemClock clock;
-  Services services{prompts, feedback, mapDialogs, toolOptions, settings, clock, {}};
+  Services services{prompts,
+                    feedback,
+                    mapDialogs,
+                    toolOptions,
+                    settings,
+                    clock,
+                    InstalledShareFolder(),
+                    StateFolder("fills")};
+  RemoveTempFilesOnSignals();
   QtFrameHost frames;
   CMapEditorApp application(services, {feedback, toolOptions, frames});
   if (!application.InitInstance(commandLine)) return application.HasPrinted() ? 0 : 1;

@@ -33,11 +33,10 @@ namespace {
 
 constexpr CommandRow<CMainFrame> kFrameCommands[] = {
     {ID_APP_EXIT, [](CMainFrame& frame) { frame.close(); }},
-    {ID_VIEW_TOOLBAR, [](CMainFrame& frame) { frame.Toolbar().setHidden(!frame.Toolbar().isHidden()); },
-     nullptr, [](const CMainFrame& frame) { return !const_cast<CMainFrame&>(frame).Toolbar().isHidden(); }},
-    {ID_VIEW_STATUS_BAR,
-     [](CMainFrame& frame) { frame.StatusBar().setHidden(!frame.StatusBar().isHidden()); }, nullptr,
-     [](const CMainFrame& frame) { return !const_cast<CMainFrame&>(frame).StatusBar().isHidden(); }},
+    {ID_VIEW_TOOLBAR, [](CMainFrame& frame) { frame.OnViewToolbar(); }, nullptr,
+     [](const CMainFrame& frame) { return frame.IsToolbarShown(); }},
+    {ID_VIEW_STATUS_BAR, [](CMainFrame& frame) { frame.OnViewStatusBar(); }, nullptr,
+     [](const CMainFrame& frame) { return frame.IsStatusBarShown(); }},
     {ID_HELP_FINDER, [](CMainFrame& frame) { frame.OnHelp(); }},
     {ID_HELP, [](CMainFrame& frame) { frame.OnHelp(); }},
     {ID_DEFAULT_HELP, [](CMainFrame& frame) { frame.OnHelp(); }},
@@ -175,6 +174,22 @@ void CMainFrame::ForwardBarCommand(int id, int notification, int position) {
   const CMapFrame* frame = ActiveFrame();
   CVastrelDoc* document = frame ? frame->View().Document() : nullptr;
   if (document) OnToolOptionsCommand(*document, id, notification, position);
+}
+
+bool CMainFrame::IsToolbarShown() const {
+  return !toolbar_->isHidden();
+}
+
+bool CMainFrame::IsStatusBarShown() const {
+  return !statusBar_->isHidden();
+}
+
+void CMainFrame::OnViewToolbar() {
+  toolbar_->setHidden(IsToolbarShown());
+}
+
+void CMainFrame::OnViewStatusBar() {
+  statusBar_->setHidden(IsStatusBarShown());
 }
 
 void CMainFrame::OnWindowNew() {

@@ -41,7 +41,10 @@ class CMainFrame : public QMainWindow {
   void OnArrangeIcons();
   void OnNextPane(int step);
   void OnHelp();
-  QWidget& Toolbar() { return *toolbar_; }
+  void OnViewToolbar();
+  void OnViewStatusBar();
+  bool IsToolbarShown() const;
+  bool IsStatusBarShown() const;
 
  signals:
   /// Another map window is in front, or none.

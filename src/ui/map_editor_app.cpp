@@ -14,7 +14,7 @@ namespace {
 constexpr int kRecentFiles = 4;
 
 bool HasRecentFiles(const CMapEditorApp& application) {
-  return !const_cast<CMapEditorApp&>(application).GetRecentFiles().Paths().empty();
+  return !application.GetRecentFiles().Paths().empty();
 }
 
 constexpr CommandRow<CMapEditorApp> kApplicationCommands[] = {
@@ -40,6 +40,7 @@ CMapEditorApp::CMapEditorApp(Services& services, FrameServices frameServices)
 CMapEditorApp::~CMapEditorApp() {
   frameServices_.feedback.Attach(nullptr);
   frameServices_.toolOptions.Attach(nullptr);
+  frameServices_.frames.Detach();
 }
 
 bool CMapEditorApp::InitInstance(const CCommandLineInfo& commandLine) {

@@ -20,16 +20,21 @@ void QtFrameHost::Attach(CMainFrame& mainFrame, CWinApp& application, MapPrintin
   });
 }
 
+void QtFrameHost::Detach() {
+  mainFrame_ = nullptr;
+  application_ = nullptr;
+}
+
 void QtFrameHost::OpenFrame(CDocument& document) {
   if (!mainFrame_) return;
   auto* view = new CMapView(*application_, *printing_);
   document.AddView(*view);
   auto* frame = new CMapFrame(view, *application_);
   mainFrame_->MdiArea().addSubWindow(frame);
-  connect(frame, &QObject::destroyed, this, &QtFrameHost::RequestIdle);
+  connect(frame, &QObject::destroyed, this, &QtFrameHost::OnFrameGone);
   frame->ActivateFrame();
   view->OnInitialUpdate();
-  UpdateTitles(document);
+  UpdateTitles();
 }
 
 void QtFrameHost::ActivateFrame(CDocument& document) {
@@ -51,8 +56,18 @@ std::vector<CMapFrame*> QtFrameHost::FramesOf(const CDocument& document) const {
   return frames;
 }
 
-void QtFrameHost::UpdateTitles(const CDocument& document) {
-  for (CMapFrame* frame : FramesOf(document)) frame->UpdateTitle();
+/// The numbers of the views that are left may have changed, and the document may have ended with its last
+/// view.
+void QtFrameHost::OnFrameGone() {
+  if (!mainFrame_) return;
+  UpdateTitles();
+  RequestIdle();
+}
+
+void QtFrameHost::UpdateTitles() {
+  for (QMdiSubWindow* window : mainFrame_->MdiArea().subWindowList()) {
+    if (auto* frame = qobject_cast<CMapFrame*>(window)) frame->UpdateTitle();
+  }
 }
 
 void QtFrameHost::RequestIdle() {

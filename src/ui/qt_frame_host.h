@@ -20,6 +20,9 @@ class QtFrameHost final : public QObject, public FrameHost {
   /// All outlive the map frames. Before this, nothing is opened.
   void Attach(CMainFrame& mainFrame, CWinApp& application, MapPrinting& printing);
 
+  /// The main frame and the application are about to go.
+  void Detach();
+
   void OpenFrame(CDocument& document) override;
   void ActivateFrame(CDocument& document) override;
   void CloseFrames(CDocument& document) override;
@@ -27,7 +30,8 @@ class QtFrameHost final : public QObject, public FrameHost {
 
  private:
   std::vector<CMapFrame*> FramesOf(const CDocument& document) const;
-  void UpdateTitles(const CDocument& document);
+  void UpdateTitles();
+  void OnFrameGone();
   void Idle();
 
   CMainFrame* mainFrame_ = nullptr;
