@@ -1,0 +1,95 @@
+#include "tests/ui/editor.h"
+
+#include <QLabel>
+#include <QMouseEvent>
+#include <fmt/format.h>
+
+#include "map/cell_metrics.h"
+
+namespace quorvel {
+namespace {
+
+constexpr char kDefinitions[] = R"([Version/Data]
+type="text"
+[Classes/Map]
+type="class"
+[Classes/Map/Width]
+type="int"
+range="1<10<1000"
+[Classes/Map/Height]
+type="int"
+range="1<10<1000"
+[Classes/Empire]
+type="items"
+0="Free"
+1="Aurelia"
+[Classes/Empire/UI/Color]
+0=0xDDDDDD
+1=0x77AADD
+[Classes/Star]
+type="items"
+0="Void"
+1="Red"
+[Classes/Star/UI/Color]
+0=0x8C8C8C
+1=0xE0705A
+[Classes/Cell]
+type="class"
+[Classes/Cell/n]
+type="string"
+range="Sol"
+[Classes/Cell/v]
+type="int"
+range="0<0<999999"
+[Classes/Cell/owner]
+type="index"
+range="Empire"
+[Classes/Cell/star]
+type="index"
+range="Star"
+)";
+
+void SendMouse(QWidget& widget, QEvent::Type type, QPoint place, Qt::MouseButton button,
+               Qt::MouseButtons held) {
+  QMouseEvent event(type, place, widget.mapToGlobal(place), button, held, Qt::NoModifier);
+  QApplication::sendEvent(&widget, &event);
+}
+
+}  // namespace
+
+std::string Editor::MapText(int width, int height) {
+  std::string text = kDefinitions;
+  text += fmt::format("[Objects/Galaxy]\nWidth={}\nHeight={}\n", width, height);
+  for (int index = 0; index < width * height; ++index) {
+    text += fmt::format("[Objects/Galaxy/Cells/{}]\nv={}\nowner={}\nstar={}\n", index, index, index % 2,
+                        index % 3 % 2);
+  }
+  for (std::size_t end = text.find('\n'); end != text.npos; end = text.find('\n', end + 2)) {
+    text.insert(end, 1, '\r');
+  }
+  return text;
+}
+
+QString Editor::Pane(int id) {
+  return Frame().StatusBar().findChild<QLabel*>(QString::number(id))->text();
+}
+
+QPoint Editor::Middle(CellCoord cell) {
+  const CellPolygon outline = CellMetrics::At(View().CellSize()).Outline(cell);
+  return QPoint(outline[6].x, outline[6].y) - View().ScrollPosition();
+}
+
+void Editor::MovePointer(QPoint place) {
+  SendMouse(*View().viewport(), QEvent::MouseMove, place, Qt::NoButton, Qt::NoButton);
+}
+
+void Editor::PressAt(QPoint place) {
+  MovePointer(place);
+  SendMouse(*View().viewport(), QEvent::MouseButtonPress, place, Qt::LeftButton, Qt::LeftButton);
+}
+
+void Editor::Release(QPoint place) {
+  SendMouse(*View().viewport(), QEvent::MouseButtonRelease, place, Qt::LeftButton, Qt::NoButton);
+}
+
+}  // namespace quorvel

@@ -1,0 +1,99 @@
+#pragma once
+
+#include <string>
+
+#include <QAction>
+#include <QApplication>
+#include <QTest>
+#include <gtest/gtest.h>
+
+#include "map/vastrel_doc.h"
+#include "tests/platform/scripted_prompts.h"
+#include "tests/platform/temp_folder.h"
+#include "ui/map_editor_app.h"
+#include "ui/map_frame.h"
+#include "ui/map_view.h"
+#include "ui/resources/command_ids.h"
+
+namespace quorvel {
+
+/// Dialogs that keep what is offered.
+class KeepingMapDialogs : public MapDialogs {
+ public:
+  std::optional<int> ChooseDataType(std::span<const std::string_view>, int selected) override {
+    return selected;
+  }
+  std::optional<NewMapChoice> ChooseNewMap(const MapSizeLimits& limits, const ClassDef*) override {
+    NewMapChoice choice;
+    choice.width = limits.defaultWidth.value_or(0);
+    choice.height = limits.defaultHeight.value_or(0);
+    return choice;
+  }
+  std::optional<CPropertySettingList> ChooseFilter(const CPropertySettingList*, const ClassDef*) override {
+    return std::nullopt;
+  }
+};
+
+/// The whole editor off screen, with scripted prompts, settings in memory and a folder of its own for the
+/// user's data.
+class Editor {
+ public:
+  explicit Editor(const CCommandLineInfo& commandLine = {}) {
+    qputenv("XDG_DATA_HOME", (folder / "data").c_str());
+    started = app.InitInstance(commandLine);
+  }
+  ~Editor() {
+    for (const auto& document : app.Documents()) document->SetModifiedFlag(false);
+    app.CloseAllDocuments();
+    Settle();
+  }
+
+  /// Lets everything happen that is due, frames of the map views included.
+  void Settle() { QTest::qWait(40); }
+
+  /// A map file with the members n (string), v (int), owner and star (index); every cell has a record, whose
+  /// number is in v, in the folder.
+  std::string WriteMap(const std::string& name, int width, int height) {
+    return folder.Write(name, MapText(width, height));
+  }
+
+  CVastrelDoc* Open(const std::string& path) {
+    auto* document = static_cast<CVastrelDoc*>(app.OpenDocumentFile(path));
+    Settle();
+    return document;
+  }
+  CVastrelDoc* OpenMap(int width, int height) { return Open(WriteMap("map.vrl", width, height)); }
+
+  CMainFrame& Frame() { return app.MainFrame(); }
+  CMapView& View() { return Frame().ActiveFrame()->View(); }
+  QAction& Action(int command) { return *Frame().Actions().Action(command); }
+  void Run(int command) {
+    Action(command).trigger();
+    Settle();
+  }
+  /// What the panes show; pane 0 is the message pane.
+  QString Pane(int id);
+
+  /// The middle of a cell in the active view's viewport.
+  QPoint Middle(CellCoord cell);
+  void MovePointer(QPoint place);
+  void PressAt(QPoint place);
+  void Release(QPoint place);
+
+  TempFolder folder;
+  ScriptedPrompts prompts;
+  QtFeedback feedback;
+  KeepingMapDialogs dialogs;
+  QtToolOptions toolOptions;
+  SettingsStore settings{SettingsPlaces{}};
+  SystemClock clock;
+  Services services{prompts, feedback, dialogs, toolOptions, settings, clock, {}};
+  QtFrameHost frames;
+  CMapEditorApp app{services, {feedback, toolOptions, frames}};
+  bool started = false;
+
+ private:
+  static std::string MapText(int width, int height);
+};
+
+}  // namespace quorvel

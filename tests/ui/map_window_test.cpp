@@ -1,0 +1,202 @@
+// Journeys through the real windows: maps are opened, looked at, marked, saved and closed.
+
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QScrollBar>
+#include <fmt/format.h>
+
+#include "map/editing.h"
+#include "tests/ui/editor.h"
+
+namespace quorvel {
+namespace {
+
+TEST(MapWindow, StartsEmptyAndOpensWhatTheCommandLineNames) {
+  TempFolder folder;
+  Editor empty;
+  EXPECT_TRUE(empty.started);
+  EXPECT_TRUE(empty.app.Documents().empty());
+  EXPECT_EQ(empty.Frame().windowTitle(), "Quorvel Vastrelum");
+
+  const std::string path = empty.WriteMap("galaxy.vrl", 4, 3);
+  CCommandLineInfo open{CCommandLineInfo::FileOpen, {path}, {}};
+  Editor editor(open);
+  EXPECT_TRUE(editor.started);
+  editor.Settle();
+  ASSERT_TRUE(editor.Frame().ActiveFrame());
+  EXPECT_TRUE(editor.Frame().ActiveFrame()->isMaximized());
+  EXPECT_EQ(editor.Frame().menuBar()->objectName(), "102");
+  EXPECT_TRUE(editor.Frame().windowTitle().contains("galaxy.vrl"))
+      << editor.Frame().windowTitle().toStdString();
+  EXPECT_TRUE(editor.View().hasFocus() || !editor.Frame().isActiveWindow());
+
+  CCommandLineInfo missing{CCommandLineInfo::FileOpen, {folder / "none.vrl"}, {}};
+  Editor refused(missing);
+  EXPECT_FALSE(refused.started);
+  EXPECT_EQ(refused.prompts.messages.size(), 1U);
+}
+
+TEST(MapWindow, GenericFilesHaveTheirOwnMenuAndAnOpenFileIsActivated) {
+  Editor editor;
+  const std::string first = editor.WriteMap("one.gdf", 4, 3);
+  CVastrelDoc* document = editor.Open(first);
+  EXPECT_EQ(editor.Frame().menuBar()->objectName(), "101");
+  editor.Open(editor.WriteMap("two.vrl", 4, 3));
+  EXPECT_EQ(editor.Frame().menuBar()->objectName(), "102");
+  EXPECT_EQ(editor.Open(first), document);
+  EXPECT_EQ(editor.app.Documents().size(), 2U);
+  EXPECT_EQ(editor.View().Document(), document);
+}
+
+TEST(MapWindow, ArrowKeysScrollByColumnsAndRows) {
+  struct Row {
+    Qt::Key key;
+    QPoint from, to;
+  };
+  constexpr Row rows[] = {{Qt::Key_Right, {0, 0}, {86, 0}},   {Qt::Key_Down, {0, 0}, {0, 100}},
+                          {Qt::Key_Left, {100, 7}, {14, 7}},  {Qt::Key_Left, {14, 7}, {0, 7}},
+                          {Qt::Key_Up, {30, 250}, {30, 150}}, {Qt::Key_Up, {0, 0}, {0, 0}},
+                          {Qt::Key_A, {40, 40}, {40, 40}}};
+  Editor editor;
+  ASSERT_TRUE(editor.OpenMap(100, 80));
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.key);
+    editor.View().ScrollToPosition(row.from);
+    QTest::keyClick(&editor.View(), row.key);
+    EXPECT_EQ(editor.View().ScrollPosition(), row.to);
+  }
+}
+
+TEST(MapWindow, ThePointerFindsItsCell) {
+  Editor editor;
+  const CVastrelDoc* document = editor.OpenMap(10, 8);
+  editor.MovePointer(editor.Middle({2, 1}));
+  EXPECT_EQ(editor.Pane(ID_INDICATOR_POSITION), "12(2:1)");
+  EXPECT_EQ(*document->m_pCurrentCell, (CellCoord{2, 1}));
+  editor.MovePointer(editor.Middle({0, 0}));
+  EXPECT_EQ(editor.Pane(ID_INDICATOR_POSITION), "0(0:0)");
+  editor.MovePointer({-50, -50});
+  EXPECT_EQ(editor.Pane(ID_INDICATOR_POSITION), "") << "off the map";
+  EXPECT_EQ(*document->m_pCurrentCell, CellCoord{});
+}
+
+TEST(MapWindow, BracketsChooseTheColouringMember) {
+  struct Row {
+    const char* keys;
+    const char* shown;
+    const char* why;
+  };
+  constexpr Row rows[] = {{"]", "star", "from the first index member to the next"},
+                          {"]", "owner", "round the end"},
+                          {"[", "star", "backwards round the start"},
+                          {"}", "star", "the outline has a member of its own"},
+                          {"{", "owner", "and back"}};
+  Editor editor;
+  ASSERT_TRUE(editor.OpenMap(4, 3));
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.why);
+    QTest::keyClicks(&editor.View(), row.keys);
+    EXPECT_EQ(editor.Pane(ID_INDICATOR_POSITION), row.shown);
+  }
+  EXPECT_EQ(editor.View().Look().fillMember->GetName(), "star");
+  EXPECT_EQ(editor.View().Look().outlineMember->GetName(), "owner");
+}
+
+TEST(MapWindow, DraggingMarksEveryCellEntered) {
+  Editor editor;
+  const CVastrelDoc& document = *editor.OpenMap(10, 8);
+  editor.PressAt(editor.Middle({1, 1}));
+  for (const CellCoord cell : {CellCoord{2, 1}, {3, 1}, {3, 2}}) editor.MovePointer(editor.Middle(cell));
+  editor.MovePointer({-20, -20});
+  editor.Release({-20, -20});
+  editor.MovePointer(editor.Middle({5, 5}));
+  for (const CellCoord cell : {CellCoord{1, 1}, {2, 1}, {3, 1}, {3, 2}})
+    EXPECT_EQ(IsMarked(document, cell), 1);
+  EXPECT_EQ(IsMarked(document, {5, 5}), 0) << "the button is up";
+  EXPECT_FALSE(document.IsModified()) << "marks are no change of the map";
+
+  editor.PressAt(editor.Middle({3, 2}));
+  editor.MovePointer(editor.Middle({3, 1}));
+  editor.Release(editor.Middle({3, 1}));
+  EXPECT_EQ(IsMarked(document, {3, 2}), 0) << "a drag that starts on a marked cell unmarks";
+  EXPECT_EQ(IsMarked(document, {3, 1}), 0);
+  EXPECT_EQ(IsMarked(document, {2, 1}), 1);
+
+  editor.Run(ID_EDIT_SELECT_ALL);
+  for (int index = 0; index < 80; ++index) ASSERT_EQ(document.m_pCellMarks[index], 1) << index;
+  editor.Run(ID_EDIT_DESELECT);
+  for (int index = 0; index < 80; ++index) ASSERT_EQ(document.m_pCellMarks[index], 0) << index;
+}
+
+TEST(MapWindow, ClosingAsksAboutChanges) {
+  struct Row {
+    Answer answer;
+    bool closes;
+    bool saves;
+  };
+  constexpr Row rows[] = {
+      {Answer::Cancel, false, false}, {Answer::Discard, true, false}, {Answer::Save, true, true}};
+  for (const Row& row : rows) {
+    SCOPED_TRACE(static_cast<int>(row.answer));
+    Editor editor;
+    CVastrelDoc* document = editor.OpenMap(4, 3);
+    const std::string before = editor.folder.Read("map.vrl");
+    document->SetModifiedFlag();
+    EXPECT_TRUE(editor.Frame().ActiveFrame()->isWindowModified());
+    editor.prompts.answers = {row.answer};
+    editor.Run(ID_FILE_CLOSE);
+    EXPECT_EQ(editor.prompts.messages, std::vector<std::string>{"Save changes to map.vrl?"});
+    EXPECT_EQ(editor.app.Documents().empty(), row.closes);
+    EXPECT_EQ(editor.Frame().MdiArea().subWindowList().isEmpty(), row.closes);
+    EXPECT_EQ(editor.folder.Read("map.vrl") != before, row.saves);
+    EXPECT_EQ(editor.Frame().menuBar()->objectName(), row.closes ? "100" : "102");
+  }
+}
+
+TEST(MapWindow, LeavingAsksAboutEveryChangedMap) {
+  Editor editor;
+  editor.Open(editor.WriteMap("a.vrl", 3, 3))->SetModifiedFlag();
+  editor.Open(editor.WriteMap("b.vrl", 3, 3))->SetModifiedFlag();
+  editor.prompts.answers = {Answer::Discard, Answer::Cancel};
+  EXPECT_FALSE(editor.Frame().close());
+  EXPECT_EQ(editor.app.Documents().size(), 2U) << "nothing is closed when the user cancels";
+  editor.prompts.answers = {Answer::Discard, Answer::Discard};
+  EXPECT_TRUE(editor.Frame().close());
+  editor.Settle();
+  EXPECT_TRUE(editor.app.Documents().empty());
+}
+
+TEST(MapWindow, SaveAsTakesTheNewNameAndRecentFilesFollow) {
+  Editor editor;
+  ASSERT_TRUE(editor.OpenMap(4, 3));
+  editor.prompts.names = {editor.folder / "second.vrl"};
+  editor.Run(ID_FILE_SAVE_AS);
+  EXPECT_EQ(editor.Frame().ActiveFrame()->windowTitle(), "second.vrl[*]");
+  const QAction& newest = editor.Action(ID_FILE_MRU_FILE1);
+  EXPECT_TRUE(newest.text().startsWith("&1 ") && newest.text().endsWith("second.vrl"))
+      << newest.text().toStdString();
+  EXPECT_TRUE(editor.Action(ID_FILE_MRU_FILE1 + 1).text().endsWith("map.vrl"));
+  EXPECT_FALSE(editor.Action(ID_FILE_MRU_FILE1 + 2).isVisible());
+
+  std::filesystem::remove(editor.folder / "map.vrl");
+  editor.Run(ID_FILE_MRU_FILE1 + 1);
+  EXPECT_EQ(editor.prompts.messages.size(), 1U) << "the file has gone";
+  EXPECT_FALSE(editor.Action(ID_FILE_MRU_FILE1 + 1).isVisible());
+}
+
+TEST(MapWindow, NewMapsStartFromTheDefinitions) {
+  Editor editor;
+  const std::string definitions = std::string(QUORVEL_SOURCE_DIR) + "/share/Definitions.txt";
+  editor.settings.Set(std::string(kApplicationKey) + "\\Definitions", "DefaultFile", definitions);
+  editor.prompts.types = {1};
+  editor.Run(ID_FILE_NEW);
+  EXPECT_EQ(editor.prompts.typeLists.at(0),
+            (std::vector<std::string>{"Map (generic format)", "Orvantis Vastrel Map"}));
+  ASSERT_EQ(editor.app.Documents().size(), 1U);
+  EXPECT_TRUE(editor.View().Document()->m_pGrid);
+  EXPECT_EQ(editor.Frame().ActiveFrame()->windowTitle(), "Map1[*]");
+}
+
+}  // namespace
+}  // namespace quorvel
