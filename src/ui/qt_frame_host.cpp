@@ -31,7 +31,7 @@ void QtFrameHost::OpenFrame(CDocument& document) {
   document.AddView(*view);
   auto* frame = new CMapFrame(view, *application_);
   mainFrame_->MdiArea().addSubWindow(frame);
-  connect(frame, &QObject::destroyed, this, &QtFrameHost::OnFrameGone);
+  connect(view, &QObject::destroyed, this, &QtFrameHost::OnFrameGone);
   frame->ActivateFrame();
   view->OnInitialUpdate();
   UpdateTitles();

@@ -49,6 +49,25 @@ TEST(MapWindow, GenericFilesHaveTheirOwnMenuAndAnOpenFileIsActivated) {
   EXPECT_EQ(editor.View().Document(), document);
 }
 
+TEST(MapWindow, ZoomsInStepsAndKeepsTheScrollPosition) {
+  Editor editor;
+  ASSERT_TRUE(editor.OpenMap(100, 80));
+  CMapView& view = editor.View();
+  EXPECT_EQ(view.CellSize(), 100);
+  editor.Run(ID_ZOOM_IN);
+  EXPECT_EQ(view.CellSize(), 100) << "the largest size";
+  view.ScrollToPosition({860, 500});
+  for (int press = 0; press < 10; ++press) QTest::keyClick(&view, Qt::Key_Minus);
+  EXPECT_EQ(view.CellSize(), 10) << "the tenth press changes nothing";
+  QTest::keyClick(&view, Qt::Key_Equal);
+  EXPECT_EQ(view.CellSize(), 20);
+  QTest::keyClick(&view, Qt::Key_Plus);
+  EXPECT_EQ(view.CellSize(), 30);
+
+  // Clamped to what there is to scroll at 10 pixels, where the map is 802 x 805 pixels.
+  EXPECT_EQ(view.ScrollPosition().x(), std::max(0, 802 - view.viewport()->width()));
+}
+
 TEST(MapWindow, ArrowKeysScrollByColumnsAndRows) {
   struct Row {
     Qt::Key key;
@@ -129,6 +148,32 @@ TEST(MapWindow, DraggingMarksEveryCellEntered) {
   for (int index = 0; index < 80; ++index) ASSERT_EQ(document.m_pCellMarks[index], 0) << index;
 }
 
+TEST(MapWindow, TwoViewsShowOneDocument) {
+  Editor editor;
+  CVastrelDoc& document = *editor.OpenMap(6, 5);
+  CMapView& first = editor.View();
+  editor.Run(ID_WINDOW_NEW);
+  CMapView& second = editor.View();
+  ASSERT_NE(&first, &second);
+  EXPECT_EQ(first.parentWidget()->windowTitle(), "map.vrl:1[*]");
+  EXPECT_EQ(second.parentWidget()->windowTitle(), "map.vrl:2[*]");
+  editor.Run(ID_WINDOW_TILE_HORZ);
+
+  const QImage before = first.viewport()->grab().toImage();
+  editor.PressAt(editor.Middle({1, 1}));
+  editor.Release(editor.Middle({1, 1}));
+  editor.MovePointer({-5, -5});
+  editor.Settle();
+  const QImage after = first.viewport()->grab().toImage();
+  EXPECT_NE(before, after) << "a mark made in one view shows in the other";
+
+  second.parentWidget()->close();
+  editor.Settle();
+  EXPECT_EQ(document.Views().size(), 1U);
+  EXPECT_EQ(first.parentWidget()->windowTitle(), "map.vrl[*]");
+  EXPECT_EQ(editor.app.Documents().size(), 1U);
+}
+
 TEST(MapWindow, ClosingAsksAboutChanges) {
   struct Row {
     Answer answer;
@@ -183,6 +228,19 @@ TEST(MapWindow, SaveAsTakesTheNewNameAndRecentFilesFollow) {
   editor.Run(ID_FILE_MRU_FILE1 + 1);
   EXPECT_EQ(editor.prompts.messages.size(), 1U) << "the file has gone";
   EXPECT_FALSE(editor.Action(ID_FILE_MRU_FILE1 + 1).isVisible());
+}
+
+TEST(MapWindow, FilesDroppedOnTheFrameAreOpened) {
+  Editor editor;
+  QMimeData files;
+  files.setUrls({QUrl::fromLocalFile(QString::fromStdString(editor.WriteMap("a.vrl", 3, 3))),
+                 QUrl::fromLocalFile(QString::fromStdString(editor.WriteMap("b.gdf", 3, 3)))});
+  QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&editor.Frame(), &enter);
+  EXPECT_TRUE(enter.isAccepted());
+  QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&editor.Frame(), &drop);
+  EXPECT_EQ(editor.app.Documents().size(), 2U);
 }
 
 TEST(MapWindow, NewMapsStartFromTheDefinitions) {
