@@ -36,8 +36,9 @@ bool RenderPng(const MapContents& map, const PictureRequest& request, std::strea
 /// Sides of a PDF: 200 inches, the longest page that viewers need to show.
 constexpr std::int64_t kMaxPdfSidePx = 240'000;
 
-/// The same as a PDF of one page: lines, areas and texts, so it stays sharp; only marked cells are pixels. A
-/// picture pixel is 1/1200 inch.
+/// The same as a PDF of one page: lines, areas and texts, so it stays sharp; only marked cells are pixels. So
+/// are pictures of more than 500,000 hexagons and texts, to keep within memory. A picture pixel is 1/1200
+/// inch.
 bool RenderPdf(const MapContents& map, const PictureRequest& request, std::streambuf& out, Feedback& feedback,
                std::string& errorText);
 

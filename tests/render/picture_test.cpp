@@ -116,9 +116,9 @@ QImage DrawnPage(const std::string& pdf) {
   EXPECT_TRUE(file.open(QIODevice::WriteOnly));
   file.write(pdf.data(), static_cast<qint64>(pdf.size()));
   file.close();
-  QProcess::execute("pdftoppm", {"-r", "1200", "-png", "-singlefile", "-aa", "no", "-aaVector", "no",
-                                 file.fileName(), folder.filePath("page")});
-  return QImage(folder.filePath("page.png")).convertToFormat(QImage::Format_RGB32);
+  QProcess::execute("pdftoppm", {"-r", "1200", "-singlefile", "-aa", "no", "-aaVector", "no", file.fileName(),
+                                 folder.filePath("page")});
+  return QImage(folder.filePath("page.ppm")).convertToFormat(QImage::Format_RGB32);
 }
 
 TEST(RenderPdf, ShowsCellsAndInvertedCellsOnOnePage) {
@@ -139,6 +139,14 @@ TEST(RenderPdf, ShowsCellsAndInvertedCellsOnOnePage) {
                     metrics.RowTop(cell.column, cell.row) + 26);
     EXPECT_EQ(page.pixelColor(at), shown.pixelColor(at)) << "cell " << index;
   }
+}
+
+/// Too much to hold in memory as lines and texts: pixels, in two bands of 16 MB.
+TEST(RenderPdf, DrawsLargeMapsAsPixels) {
+  const MapContents map = MakeGalaxy(300, 280);
+  const QByteArray pdf = QByteArray::fromStdString(Rendered(RenderPdf, map, RequestOf(10)));
+  EXPECT_EQ(pdf.count("/Subtype /Image"), 2);
+  EXPECT_EQ(pdf.count("/FontDescriptor"), 0);
 }
 
 /// Gathers the progress.
