@@ -1,5 +1,7 @@
 #include "ui/property_boxes.h"
 
+#include <cassert>
+
 #include <QComboBox>
 #include <QLineEdit>
 
@@ -38,9 +40,10 @@ void PropertyBoxes::Build(CVastrelDoc& document) {
   const QRect place = bar_.MemberCombo().geometry().translated(bar_.MemberCombo().width() + kGapPx, 0);
   for (const MemberDef* member : document.m_editors) {
     const MemberEditor* editor = EditorOf(*member);
+    assert(editor);
     const auto* edit = dynamic_cast<const CMemberEdit*>(editor);
-    const auto* combo = dynamic_cast<const CMemberCombo*>(editor);
-    QWidget* box = edit ? MakeEdit(document, *edit) : MakeCombo(document, *combo);
+    QWidget* box =
+        edit ? MakeEdit(document, *edit) : MakeCombo(document, static_cast<const CMemberCombo&>(*editor));
     box->setObjectName(QString::number(editor->GetControlId()));
     box->setAccessibleDescription(DisplayText(member->GetName()));
     box->setGeometry(place);
