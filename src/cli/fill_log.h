@@ -8,17 +8,13 @@ namespace quorvel {
 
 /// Every event of a fill, one a line in the order of arrival: `show`, `hide`, `progress N`, `text MESSAGE`
 /// (the bare word clears it) and `update INDEX` for a cell that got a value.
-class FillLog : public Feedback, public CellListener {
+class FillLog : public NullFeedback, public CellListener {
  public:
   explicit FillLog(Results& out) : out_(out) {}
 
-  void SetStatusText(std::string_view) override {}
   void SetMessageText(std::string_view text) override;
   void ShowProgress(bool show) override;
   void SetProgressPos(int percent) override;
-  void BeginWait() override {}
-  void EndWait() override {}
-  void Pump() override {}
   bool WantsEveryEvent() const override { return true; }
 
   void OnCellChanged(const CellRecord& record) override;

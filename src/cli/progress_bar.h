@@ -11,19 +11,14 @@ namespace quorvel {
 
 /// Message and progress of long work as one line of the terminal, drawn anew at most ten times a second and
 /// wiped when the work is over.
-class ProgressBar : public Feedback {
+class ProgressBar : public NullFeedback {
  public:
   ProgressBar();
   ~ProgressBar() override;
 
-  void SetStatusText(std::string_view) override {}
   void SetMessageText(std::string_view text) override;
   void ShowProgress(bool show) override;
   void SetProgressPos(int percent) override;
-  void BeginWait() override {}
-  void EndWait() override {}
-  void Pump() override {}
-  bool WantsEveryEvent() const override { return false; }
 
  private:
   using Clock = std::chrono::steady_clock;
