@@ -3,6 +3,9 @@
 #include <string>
 
 #include "bench/bare_copy.h"
+#include "data/index_member.h"
+#include "data/number_members.h"
+#include "data/string_member.h"
 #include "map/map_fill.h"
 
 namespace quorvel {

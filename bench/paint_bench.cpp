@@ -5,6 +5,9 @@
 #include <QImage>
 
 #include "bench/bare_copy.h"
+#include "data/index_member.h"
+#include "data/number_members.h"
+#include "data/string_member.h"
 #include "map/map_contents.h"
 #include "platform/feedback.h"
 #include "render/map_painter.h"

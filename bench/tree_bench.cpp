@@ -7,6 +7,9 @@
 #include "bench/bare_copy.h"
 #include "data/class_def.h"
 #include "data/data_tree.h"
+#include "data/index_member.h"
+#include "data/number_members.h"
+#include "data/string_member.h"
 #include "data/text_reader.h"
 
 // What trees and instances cost. The argument is the number of nodes or instances; the time of twice as many

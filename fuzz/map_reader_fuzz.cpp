@@ -1,10 +1,10 @@
 #include <cstddef>
 #include <cstdint>
 #include <cstdlib>
-#include <cstring>
 #include <sstream>
 #include <string>
 
+#include "data/string_member.h"
 #include "map/map_reader.h"
 #include "map/map_writer.h"
 

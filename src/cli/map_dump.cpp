@@ -1,19 +1,12 @@
 #include "cli/map_dump.h"
 
-#include <cstring>
-
 #include "cli/dump_words.h"
+#include "data/slot.h"
+#include "data/string_member.h"
 
 namespace quorvel {
 
 namespace {
-
-template <class Number>
-Number NumberAt(const void* slot) {
-  Number number;
-  std::memcpy(&number, slot, sizeof number);
-  return number;
-}
 
 void AppendValue(std::string& line, const MemberDef& member, ClassInstance instance) {
   const void* slot = member.GetValuePtr(instance);
@@ -22,11 +15,11 @@ void AppendValue(std::string& line, const MemberDef& member, ClassInstance insta
       AppendHexText(line, static_cast<const StringMember&>(member).Text(slot));
       break;
     case MemberKind::Float:
-      AppendFloatBits(line, NumberAt<float>(slot));
+      AppendFloatBits(line, LoadSlot<float>(slot));
       break;
     case MemberKind::Int:
     case MemberKind::Index:
-      AppendDecimal(line, NumberAt<std::int32_t>(slot));
+      AppendDecimal(line, LoadSlot<std::int32_t>(slot));
       break;
     case MemberKind::Object:
       line += '-';

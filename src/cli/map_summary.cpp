@@ -1,12 +1,14 @@
 #include "cli/map_summary.h"
 
 #include <algorithm>
-#include <cstring>
 #include <iterator>
 #include <vector>
 
 #include <fmt/format.h>
 
+#include "data/index_member.h"
+#include "data/slot.h"
+#include "data/string_member.h"
 #include "map/control_escapes.h"
 
 namespace quorvel {
@@ -21,21 +23,14 @@ void PrintRow(Results& out, std::string_view name, std::string_view value) {
   out.EndLine();
 }
 
-template <class Number>
-Number NumberAt(const void* slot) {
-  Number number;
-  std::memcpy(&number, slot, sizeof number);
-  return number;
-}
-
 /// Smallest and largest number of the records; empty without records.
 template <class Number>
 std::string Span(const std::vector<const void*>& slots) {
   if (slots.empty()) return {};
-  Number least = NumberAt<Number>(slots.front()), most = least;
+  Number least = LoadSlot<Number>(slots.front()), most = least;
   for (const void* slot : slots) {
-    least = std::min(least, NumberAt<Number>(slot));
-    most = std::max(most, NumberAt<Number>(slot));
+    least = std::min(least, LoadSlot<Number>(slot));
+    most = std::max(most, LoadSlot<Number>(slot));
   }
   return fmt::format("{} to {}", least, most);
 }
@@ -48,7 +43,7 @@ std::string ItemCounts(const IndexMember& member, const std::vector<const void*>
                                                           1);  // last: positions outside the list
   for (std::size_t item = 0; item < counts.size(); ++item) counts[item].second = item;
   for (const void* slot : slots)
-    ++counts[std::min<std::size_t>(NumberAt<std::uint32_t>(slot), names.size())].first;
+    ++counts[std::min<std::size_t>(LoadSlot<std::uint32_t>(slot), names.size())].first;
   std::stable_sort(counts.begin(), counts.end(),
                    [](const auto& a, const auto& b) { return a.first > b.first; });
   std::string text;

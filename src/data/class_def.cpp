@@ -5,6 +5,8 @@
 #include <new>
 #include <utility>
 
+#include "data/object_member.h"
+
 namespace quorvel {
 namespace {
 

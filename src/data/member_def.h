@@ -8,8 +8,6 @@
 #include <variant>
 
 #include "data/instance_store.h"
-#include "data/list_def.h"
-#include "data/text_arena.h"
 #include "data/type_def.h"
 
 namespace quorvel {
@@ -72,7 +70,7 @@ class MemberDef {
   MemberAttachment* GetAttachment() const { return attachment_.get(); }
 
   /// Stores the default where a value shall lie and answers the bytes it takes; a null address answers 0.
-  virtual std::int32_t ConstructValue(void* at) const = 0;
+  virtual std::int32_t ConstructValue(void* at) const;
   /// The bytes that the value took; for a null address too, except that an object's are then 0.
   virtual std::int32_t DestroyValue(void* at) const;
 
@@ -97,6 +95,9 @@ class MemberDef {
   ClassDef* GetClass() const { return class_; }
 
  protected:
+  /// FormatValue of a position outside its list, and of what refers to nothing.
+  static constexpr std::string_view kUnresolved = "<error>";
+
   MemberDef(std::string_view name, MemberDefault initial) : name_(name), default_(std::move(initial)) {}
 
   void ReplaceDefault(MemberDefault value);
@@ -109,101 +110,6 @@ class MemberDef {
   std::int32_t offset_ = 0;
   ClassDef* class_ = nullptr;
   std::unique_ptr<MemberAttachment> attachment_;
-};
-
-class StringMember : public MemberDef {
- public:
-  explicit StringMember(std::string_view name, std::string_view initial = {});
-
-  MemberKind GetKind() const override { return MemberKind::String; }
-  void SetDefault(const MemberDefault& source) override;
-  std::int32_t ConstructValue(void* at) const override;
-  void StoreValue(void* slot, const void* from) const override;
-  void StoreText(void* slot, std::string_view text) const override;
-  void FormatValue(std::string& out, const void* slot) const override;
-
-  /// The text that a slot stands for. The view is good until the class's texts grow.
-  std::string_view Text(const void* slot) const;
-
- private:
-  TextHandle DefaultHandle() const;
-
-  mutable TextHandle defaultHandle_ = TextHandle::Empty;  ///< Empty until the default is first stored
-};
-
-class IntMember : public MemberDef {
- public:
-  explicit IntMember(std::string_view name, IntDefault initial = {}) : MemberDef(name, initial) {}
-
-  MemberKind GetKind() const override { return MemberKind::Int; }
-  void SetDefault(const MemberDefault& source) override;
-  std::int32_t ConstructValue(void* at) const override;
-  void StoreValue(void* slot, const void* from) const override;
-  void StoreText(void* slot, std::string_view text) const override;
-  void FormatValue(std::string& out, const void* slot) const override;
-};
-
-class FloatMember : public MemberDef {
- public:
-  explicit FloatMember(std::string_view name, FloatDefault initial = {}) : MemberDef(name, initial) {}
-
-  MemberKind GetKind() const override { return MemberKind::Float; }
-  void SetDefault(const MemberDefault& source) override;
-  std::int32_t ConstructValue(void* at) const override;
-  void StoreValue(void* slot, const void* from) const override;
-  void StoreText(void* slot, std::string_view text) const override;
-  void FormatValue(std::string& out, const void* slot) const override;
-};
-
-/// A position in a list. The default is always (0, item count - 1, initial position); without a list (0, -1,
-/// 0).
-class IndexMember : public MemberDef {
- public:
-  IndexMember(std::string_view name, ListDef* list, std::int32_t initial = 0);
-
-  MemberKind GetKind() const override { return MemberKind::Index; }
-  void SetDefault(const MemberDefault& source) override;
-  std::uint32_t GetMappedValue(ClassInstance instance) const override;
-  std::int32_t SetTag(std::int32_t tag) override { return tag_ = tag; }
-  std::int32_t GetTag() const override { return tag_; }
-  std::int32_t ConstructValue(void* at) const override;
-  void StoreValue(void* slot, const void* from) const override;
-  void StoreText(void* slot, std::string_view text) const override;
-  void FormatValue(std::string& out, const void* slot) const override;
-  TypeDef* GetRefType() const override { return list_; }
-  ListDef* List() const { return list_; }
-  void SetRefType(ListDef* list) { list_ = list; }
-
- private:
-  ListDef* list_;
-  std::int32_t tag_ = 0;
-};
-
-/// The members of another class, embedded. The class must live as long as this member's values.
-class ObjectMember : public MemberDef {
- public:
-  ObjectMember(std::string_view name, ClassDef* embedded) : MemberDef(name, {}), embedded_(embedded) {}
-
-  MemberKind GetKind() const override { return MemberKind::Object; }
-  void SetDefault(const MemberDefault& source) override;
-  std::int32_t GetSize() const override;
-  std::int32_t SetTag(std::int32_t tag) override { return tag_ = tag; }
-  std::int32_t GetTag() const override { return tag_; }
-  std::int32_t ConstructValue(void* at) const override;
-  std::int32_t DestroyValue(void* at) const override;
-  void StoreValue(void* slot, const void* from) const override;
-  void StoreText(void* slot, std::string_view text) const override;
-  void FormatValue(std::string& out, const void* slot) const override;
-  TypeDef* GetRefType() const override;
-  ClassDef* Embedded() const { return embedded_; }
-  void SetRefType(ClassDef* embedded);
-
- private:
-  friend class ClassDef;
-
-  ClassDef* embedded_;
-  std::int32_t tag_ = 0;
-  mutable bool holdsNothing_ = false;  ///< embeds a class that it is part of, and so holds nothing
 };
 
 }  // namespace quorvel

@@ -1,9 +1,10 @@
 #include "map/cell_label.h"
 
-#include <cstring>
 #include <string_view>
 
 #include <fmt/format.h>
+
+#include "data/slot.h"
 
 namespace quorvel {
 namespace {
@@ -13,9 +14,7 @@ std::string LabelValue(const MemberDef& member, ClassInstance data) {
   if (member.GetKind() == MemberKind::Object) return "(object)";
   std::string value;
   if (member.GetKind() == MemberKind::Float) {
-    float number = 0;
-    std::memcpy(&number, slot, sizeof number);
-    value = fmt::format("{:.2f}", number);
+    value = fmt::format("{:.2f}", LoadSlot<float>(slot));
   } else {
     member.FormatValue(value, slot);
   }

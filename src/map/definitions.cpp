@@ -6,6 +6,10 @@
 #include <utility>
 
 #include "data/c_numbers.h"
+#include "data/index_member.h"
+#include "data/number_members.h"
+#include "data/object_member.h"
+#include "data/string_member.h"
 #include "map/member_editors.h"
 #include "map/range_text.h"
 

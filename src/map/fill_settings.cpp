@@ -1,12 +1,12 @@
 #include "map/fill_settings.h"
 
 #include <algorithm>
-#include <cstring>
 #include <string_view>
 
 #include <fmt/format.h>
 
 #include "data/c_numbers.h"
+#include "data/slot.h"
 
 namespace quorvel {
 namespace {
@@ -92,13 +92,9 @@ const DataBranch* FindSettings(const DataBranch& file, std::string_view name, st
 std::string ExactText(const MemberDef& member, const void* slot) {
   std::string text;
   if (member.GetKind() == MemberKind::Float) {
-    float number;
-    std::memcpy(&number, slot, sizeof number);
-    text = fmt::format("{}", number);
+    text = fmt::format("{}", LoadSlot<float>(slot));
   } else if (member.GetKind() == MemberKind::Index) {
-    std::int32_t position;
-    std::memcpy(&position, slot, sizeof position);
-    text = FormatInt(position);
+    text = FormatInt(LoadSlot<std::int32_t>(slot));
   } else if (member.GetKind() != MemberKind::Object) {
     member.FormatValue(text, slot);
   }

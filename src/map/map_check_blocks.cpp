@@ -4,6 +4,7 @@
 #include <fmt/format.h>
 
 #include "data/c_numbers.h"
+#include "data/string_member.h"
 #include "map/map_check_header.h"
 
 namespace quorvel {

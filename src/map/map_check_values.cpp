@@ -1,22 +1,16 @@
 #include "map/map_check_values.h"
 
 #include <charconv>
-#include <cstring>
 
 #include <fmt/format.h>
 
+#include "data/index_member.h"
 #include "data/list_def.h"
+#include "data/slot.h"
 
 namespace quorvel {
 
 namespace {
-
-template <class Number>
-Number NumberAt(const void* slot) {
-  Number number;
-  std::memcpy(&number, slot, sizeof number);
-  return number;
-}
 
 /// A range is declared unless all its numbers are 0; one whose bounds are the wrong way round is a problem of
 /// the types.
@@ -57,11 +51,11 @@ bool IsNumberText(const MemberDef& member, std::string_view text) {
 std::optional<std::string> ValueProblem(const MemberDef& member, const void* slot) {
   switch (member.GetKind()) {
     case MemberKind::Int:
-      return RangeProblem(member, NumberAt<std::int32_t>(slot));
+      return RangeProblem(member, LoadSlot<std::int32_t>(slot));
     case MemberKind::Float:
-      return RangeProblem(member, NumberAt<float>(slot));
+      return RangeProblem(member, LoadSlot<float>(slot));
     case MemberKind::Index:
-      return PositionProblem(static_cast<const IndexMember&>(member), NumberAt<std::int32_t>(slot));
+      return PositionProblem(static_cast<const IndexMember&>(member), LoadSlot<std::int32_t>(slot));
     case MemberKind::String:
     case MemberKind::Object:
       break;
@@ -78,9 +72,9 @@ std::optional<std::string> ValueTextProblem(const MemberDef& member, std::string
   if (IsNumberText(member, text)) return ValueProblem(member, &slot);
   return member.GetKind() == MemberKind::Float
              ? fmt::format("{} is no number, \"{}\" is read as {}", member.GetName(), text,
-                           NumberAt<float>(&slot))
+                           LoadSlot<float>(&slot))
              : fmt::format("{} is no whole number, \"{}\" is read as {}", member.GetName(), text,
-                           NumberAt<std::int32_t>(&slot));
+                           LoadSlot<std::int32_t>(&slot));
 }
 
 }  // namespace quorvel

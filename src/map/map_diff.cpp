@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "data/c_numbers.h"
+#include "data/string_member.h"
 #include "map/control_escapes.h"
 
 namespace quorvel {

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
+#include "data/string_member.h"
+
 namespace quorvel {
 
 namespace {

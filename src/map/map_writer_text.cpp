@@ -1,19 +1,12 @@
 #include "map/map_writer_text.h"
 
 #include <cmath>
-#include <cstring>
 
 #include "data/c_numbers.h"
+#include "data/slot.h"
 
 namespace quorvel {
 namespace {
-
-template <class Value>
-Value ValueAt(const std::byte* slot) {
-  Value value;
-  std::memcpy(&value, slot, sizeof value);
-  return value;
-}
 
 /// Calls `visit` with every record of the grid, in ascending order.
 template <class Visit>
@@ -50,17 +43,17 @@ void CellLines::Append(std::string& out, const CellRecord& record) const {
 void CellLines::AppendValue(std::string& out, MemberKind kind, const std::byte* slot) const {
   switch (kind) {
     case MemberKind::String:
-      out += cellClass_->Texts().Text(ValueAt<TextHandle>(slot));
+      out += cellClass_->Texts().Text(LoadSlot<TextHandle>(slot));
       out += '"';
       break;
     case MemberKind::Float: {
-      const auto value = ValueAt<float>(slot);
+      const auto value = LoadSlot<float>(slot);
       AppendFloat(out, value);
       if (!std::isfinite(value)) out += '.';  // without a point the value would be read as an int
       break;
     }
     default:
-      AppendInt(out, ValueAt<std::int32_t>(slot));
+      AppendInt(out, LoadSlot<std::int32_t>(slot));
   }
 }
 

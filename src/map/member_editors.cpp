@@ -5,6 +5,8 @@
 #include <memory>
 #include <variant>
 
+#include "data/list_def.h"
+
 namespace quorvel {
 namespace {
 

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include "data/number_members.h"
+#include "data/object_member.h"
+#include "data/string_member.h"
 #include "data/type_list.h"
 
 namespace quorvel {

@@ -5,6 +5,10 @@
 #include <gtest/gtest.h>
 
 #include "data/class_def.h"
+#include "data/index_member.h"
+#include "data/number_members.h"
+#include "data/object_member.h"
+#include "data/string_member.h"
 
 namespace quorvel {
 namespace {

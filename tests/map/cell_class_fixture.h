@@ -3,6 +3,10 @@
 #include <memory>
 #include <string>
 
+#include "data/index_member.h"
+#include "data/number_members.h"
+#include "data/object_member.h"
+#include "data/string_member.h"
 #include "map/map_contents.h"
 
 namespace quorvel {

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include "data/index_member.h"
+#include "data/string_member.h"
 #include "tests/render/galaxy.h"
 
 namespace quorvel {

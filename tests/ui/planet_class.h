@@ -3,7 +3,11 @@
 #include <memory>
 
 #include "data/class_def.h"
+#include "data/index_member.h"
 #include "data/list_def.h"
+#include "data/number_members.h"
+#include "data/object_member.h"
+#include "data/string_member.h"
 
 namespace quorvel {
 
