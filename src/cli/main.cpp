@@ -2,7 +2,7 @@
 #include <unistd.h>
 
 #include "cli/tool.h"
-#include "platform/live_temp_files.h"
+#include "platform/end_by_signal.h"
 
 namespace {
 
@@ -18,6 +18,6 @@ void HoldStandardStreams() {
 
 int main(int argc, char** argv) {
   HoldStandardStreams();
-  quorvel::RemoveTempFilesOnSignals();
+  quorvel::EndTidilyOnSignals();
   return static_cast<int>(quorvel::RunTool(argc, argv));
 }

@@ -8,7 +8,7 @@
 #include <sys/stat.h>
 
 #include "platform/file_calls.h"
-#include "platform/live_temp_files.h"
+#include "platform/end_by_signal.h"
 #include "platform/write_target.h"
 
 namespace quorvel {

@@ -56,6 +56,12 @@ void CDocument::SetPathName(const std::string& path) {
   if (owner_ != nullptr) owner_->OnPathNameSet(*this);
 }
 
+void CDocument::ResumeFile(const std::string& path, const FileStamp& stamp) {
+  claim_.Claim(path);
+  stamp_ = stamp;
+  SetPathName(path);
+}
+
 void CDocument::SetModifiedFlag(bool modified) {
   if (modified_ == modified) return;
   modified_ = modified;

@@ -81,6 +81,9 @@ class CDocument {
   /// Closes the document, after asking about changes.
   void OnFileClose();
 
+  /// The document is done with: its changes are saved or not wanted. Called once, before its frames close.
+  virtual void OnCloseDocument() {}
+
   /// Asks "Save changes to ...?" when modified. False: the user cancelled, or saving failed.
   bool SaveModified();
   /// Asked before a frame closes: true at once while the document has further views.
@@ -93,6 +96,11 @@ class CDocument {
   /// Loads from or stores into the archive. False: the document refuses (it has told the user why), or
   /// `archive.FileError()` is set, which the caller tells.
   virtual bool Serialize(CArchive& archive) = 0;
+
+  /// Of the file at the path when it was last read or written.
+  const FileStamp& Stamp() const { return stamp_; }
+  /// Takes the path of a file that an earlier run had opened, when it had this stamp. Reads nothing.
+  void ResumeFile(const std::string& path, const FileStamp& stamp);
 
  private:
   bool Load(const std::string& path, std::string& reason);

@@ -1,8 +1,10 @@
 #include "platform/edit_journal.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
+#include <utility>
 
 #include <fcntl.h>
 #include <isa-l/crc64.h>
@@ -13,6 +15,7 @@
 #include <fmt/format.h>
 
 #include "platform/file_calls.h"
+#include "platform/little_endian.h"
 #include "platform/state_folder.h"
 
 namespace quorvel {
@@ -23,19 +26,6 @@ constexpr std::string_view kExtension = ".journal";
 constexpr std::chrono::milliseconds kGatherTime(
     500);  // edits come in bursts; with the sync it stays below a second
 constexpr std::size_t kHeadBytes = 12;
-
-template <class Number>
-void PutLittleEndian(std::string& to, Number number) {
-  for (std::size_t i = 0; i < sizeof number; ++i) to += static_cast<char>(number >> (8 * i));
-}
-
-template <class Number>
-Number GetLittleEndian(const char* from) {
-  Number number = 0;
-  for (std::size_t i = 0; i < sizeof number; ++i)
-    number |= static_cast<Number>(static_cast<unsigned char>(from[i])) << (8 * i);
-  return number;
-}
 
 std::uint64_t Checksum(std::string_view record) {
   return crc64_ecma_refl(0, reinterpret_cast<const unsigned char*>(record.data()), record.size());
@@ -78,18 +68,25 @@ std::unique_ptr<EditJournal> EditJournal::Create(const std::string& folder) {
   std::uint64_t random = 0;
   if (folder.empty() || getrandom(&random, sizeof random, 0) < 0) return nullptr;
   std::string path = fmt::format("{}/{:016x}{}", folder, random, kExtension);
-  const int fd = OpenAndHold(path, O_CREAT | O_EXCL);
+  const std::string unheld = path + ".new";  // another program may only find it held
+  const int fd = OpenAndHold(unheld, O_CREAT | O_EXCL);
   if (fd < 0) return nullptr;
-  return std::unique_ptr<EditJournal>(new EditJournal(std::move(path), fd));
+  std::unique_ptr<EditJournal> journal(new EditJournal(std::move(path), fd));
+  return rename(unheld.c_str(), journal->Path().c_str()) == 0 ? std::move(journal) : nullptr;
 }
 
 std::vector<std::unique_ptr<EditJournal>> EditJournal::Abandoned(const std::string& folder) {
-  std::vector<std::unique_ptr<EditJournal>> journals;
+  std::vector<std::pair<std::filesystem::file_time_type, std::string>> paths;
   std::error_code none;
   for (const auto& entry : std::filesystem::directory_iterator(folder, none)) {
     if (entry.path().extension() != kExtension || !entry.is_regular_file(none)) continue;
-    const int fd = OpenAndHold(entry.path(), 0);
-    if (fd >= 0) journals.push_back(std::unique_ptr<EditJournal>(new EditJournal(entry.path(), fd)));
+    paths.emplace_back(entry.last_write_time(none), entry.path());
+  }
+  std::ranges::sort(paths);
+  std::vector<std::unique_ptr<EditJournal>> journals;
+  for (const auto& [time, path] : paths) {
+    const int fd = OpenAndHold(path, 0);
+    if (fd >= 0) journals.push_back(std::unique_ptr<EditJournal>(new EditJournal(path, fd)));
   }
   return journals;
 }
@@ -97,29 +94,33 @@ std::vector<std::unique_ptr<EditJournal>> EditJournal::Abandoned(const std::stri
 EditJournal::EditJournal(std::string path, int fd)
     : path_(std::move(path)),
       fd_(fd),
-      syncer_([this](const std::stop_token& stop) { SyncWhenWritten(stop); }) {}
+      syncer_([this](const std::stop_token& stop) { SyncWhenWritten(stop); }) {
+  live_.Remember(fd_);
+}
 
 EditJournal::~EditJournal() {
   syncer_.request_stop();
   syncer_.join();
   if (fd_ < 0) return;
   if (unsynced_) fdatasync(fd_);
+  live_.Forget();
   close(fd_);
 }
 
 bool EditJournal::Append(std::string_view record) {
   const std::lock_guard lock(mutex_);
-  if (fd_ < 0 || !error_.empty() || record.size() > JournalReader::kMaxRecordBytes) return false;
+  if (fd_ < 0 || !error_.empty()) return false;
+  if (record.size() > JournalReader::kMaxRecordBytes) return Fail(EFBIG);
   if (!WriteAll(fd_, Framed(record))) return Fail(errno);
   unsynced_ = true;
   written_.notify_one();
   return true;
 }
 
-bool EditJournal::Clear() {
+bool EditJournal::CutBehind(std::uint64_t bytes) {
   const std::lock_guard lock(mutex_);
   if (fd_ < 0 || !error_.empty()) return false;
-  return ftruncate(fd_, 0) == 0 || Fail(errno);
+  return ftruncate(fd_, static_cast<off_t>(bytes)) == 0 || Fail(errno);
 }
 
 void EditJournal::Remove() {
@@ -127,6 +128,7 @@ void EditJournal::Remove() {
   if (fd_ < 0) return;
   unlink(BasePath().c_str());
   unlink(path_.c_str());
+  live_.Forget();
   close(fd_);
   fd_ = -1;
   unsynced_ = false;
@@ -165,9 +167,9 @@ std::optional<std::string> JournalReader::Next() {
   if (size > kMaxRecordBytes || size > file_.SizeBytes().value_or(0)) return std::nullopt;
   std::string record(size, '\0');
   const bool whole = file_.sgetn(record.data(), size) == static_cast<std::streamsize>(size);
-  return whole && GetLittleEndian<std::uint64_t>(head + 4) == Checksum(record)
-             ? std::optional(std::move(record))
-             : std::nullopt;
+  if (!whole || GetLittleEndian<std::uint64_t>(head + 4) != Checksum(record)) return std::nullopt;
+  position_ += kHeadBytes + size;
+  return record;
 }
 
 }  // namespace quorvel

@@ -6,6 +6,7 @@
 #include <sys/stat.h>
 
 #include "platform/file_source.h"
+#include "platform/little_endian.h"
 
 namespace quorvel {
 
@@ -48,6 +49,29 @@ bool FileStamp::IsChanged(const std::string& path) const {
   if (now.device_ == device_ && now.inode_ == inode_ && now.size_ == size_ && now.timeNs_ == timeNs_)
     return false;
   return now.size_ != size_ || !HasChecksum() || Checksum(path) != checksum_;
+}
+
+std::string FileStamp::ToBytes() const {
+  std::string bytes(1, known_ ? '\1' : '\0');
+  for (const std::uint64_t number : {device_, inode_, size_, static_cast<std::uint64_t>(timeNs_), checksum_})
+    PutLittleEndian(bytes, number);
+  return bytes;
+}
+
+std::optional<FileStamp> FileStamp::FromBytes(std::string_view bytes) {
+  constexpr std::size_t kNumbers = 5;
+  if (bytes.size() != 1 + kNumbers * sizeof(std::uint64_t)) return std::nullopt;
+  const auto number = [&](std::size_t i) {
+    return GetLittleEndian<std::uint64_t>(bytes.data() + 1 + i * sizeof(std::uint64_t));
+  };
+  FileStamp stamp;
+  stamp.known_ = bytes[0] != '\0';
+  stamp.device_ = number(0);
+  stamp.inode_ = number(1);
+  stamp.size_ = number(2);
+  stamp.timeNs_ = static_cast<std::int64_t>(number(3));
+  stamp.checksum_ = number(4);
+  return stamp;
 }
 
 }  // namespace quorvel

@@ -1,7 +1,9 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
+#include <string_view>
 
 namespace quorvel {
 
@@ -17,6 +19,10 @@ class FileStamp {
   /// up to 64 MB are compared by a checksum, so that a mere touch or a restored copy does not count; of
   /// larger files identity, size and time decide alone.
   bool IsChanged(const std::string& path) const;
+
+  /// The stamp as bytes, to be kept in a file, and back; none: these are no stamp.
+  std::string ToBytes() const;
+  static std::optional<FileStamp> FromBytes(std::string_view bytes);
 
  private:
   static FileStamp WithoutChecksum(const std::string& path);

@@ -7,9 +7,9 @@
 
 namespace quorvel {
 
-enum class MessageButtons { Ok, OkCancel, SaveDiscardCancel };
+enum class MessageButtons { Ok, OkCancel, YesNoCancel, SaveDiscardCancel };
 enum class MessageIcon { None, Exclamation };
-enum class Answer { Ok, Save, Discard, Cancel };
+enum class Answer { Ok, Yes, No, Save, Discard, Cancel };
 
 /// One entry of a file dialog's list of types.
 struct FileFilter {

@@ -58,11 +58,19 @@ CDocument* CWinApp::OpenNewDocument(const CMultiDocTemplateWithID& docTemplate) 
   std::unique_ptr<CDocument> document = docTemplate.CreateNewDocument(*this);
   document->SetTitle(NextUntitledTitle(docTemplate.Strings().docName));
   if (!document->OnNewDocument()) return nullptr;
-  return Adopt(std::move(document));
+  return AddDocument(std::move(document));
 }
 
+bool CWinApp::IsTitleUsed(const std::string& title) const {
+  return std::ranges::any_of(documents_, [&](const auto& held) { return held->GetTitle() == title; });
+}
+
+/// A recovered document may have one of the titles already.
 std::string CWinApp::NextUntitledTitle(const std::string& docName) {
-  return fmt::format("{}{}", docName, ++untitledCounts_[docName]);
+  std::string title;
+  do title = fmt::format("{}{}", docName, ++untitledCounts_[docName]);
+  while (IsTitleUsed(title));
+  return title;
 }
 
 CDocument* CWinApp::OnFileOpen() {
@@ -92,7 +100,7 @@ CDocument* CWinApp::OpenDocumentFile(const std::string& path) {
   std::unique_ptr<CDocument> document = TemplateFor(path).CreateNewDocument(*this);
   if (!document->OnOpenDocument(path)) return nullptr;
   document->SetPathName(path);
-  return Adopt(std::move(document));
+  return AddDocument(std::move(document));
 }
 
 const CMultiDocTemplateWithID& CWinApp::TemplateFor(const std::string& path) const {
@@ -102,7 +110,7 @@ const CMultiDocTemplateWithID& CWinApp::TemplateFor(const std::string& path) con
   return match == templates_.end() ? *templates_.front() : **match;
 }
 
-CDocument* CWinApp::Adopt(std::unique_ptr<CDocument> document) {
+CDocument* CWinApp::AddDocument(std::unique_ptr<CDocument> document) {
   documents_.push_back(std::move(document));
   CDocument& adopted = *documents_.back();
   frames_.OpenFrame(adopted);
@@ -165,6 +173,7 @@ void CWinApp::ReleaseDocument(CDocument& document) {
   if (held == documents_.end()) return;  // released already; this is the end of its last view
   released_.push_back(std::move(*held));
   documents_.erase(held);
+  document.OnCloseDocument();
   if (!document.Views().empty()) frames_.CloseFrames(document);  // else the last frame is closing just now
 }
 

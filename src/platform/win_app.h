@@ -39,6 +39,9 @@ class CWinApp : public DocumentOwner {
   /// An untitled document of this type in a frame of its own.
   CDocument* OpenNewDocument(const CMultiDocTemplateWithID& docTemplate);
 
+  /// Takes a document that is ready, made by one of the templates, and opens a frame for it.
+  CDocument* AddDocument(std::unique_ptr<CDocument> document);
+
   /// Asks about every modified document in turn. False: the user cancelled, or a save failed, and nothing is
   /// closed.
   bool SaveAllModified();
@@ -63,7 +66,7 @@ class CWinApp : public DocumentOwner {
  private:
   CDocument* FindOpenDocument(const std::string& path, const CDocument* except) const;
   const CMultiDocTemplateWithID& TemplateFor(const std::string& path) const;
-  CDocument* Adopt(std::unique_ptr<CDocument> document);
+  bool IsTitleUsed(const std::string& title) const;
   std::string NextUntitledTitle(const std::string& docName);
 
   Prompts& prompts_;

@@ -5,7 +5,7 @@
 #include <QFile>
 #include <QStandardPaths>
 
-#include "platform/live_temp_files.h"
+#include "platform/end_by_signal.h"
 #include "platform/state_folder.h"
 #include "ui/command_line.h"
 #include "ui/dialogs/map_dialogs.h"
@@ -45,7 +45,7 @@ int RunEditor(const quorvel::CCommandLineInfo& commandLine) {
                     clock,
                     InstalledShareFolder(),
                     StateFolder("fills")};
-  RemoveTempFilesOnSignals();
+  EndTidilyOnSignals();
   QtFrameHost frames;
   CMapEditorApp application(services, {feedback, toolOptions, frames});
   if (!application.InitInstance(commandLine)) return application.HasPrinted() ? 0 : 1;

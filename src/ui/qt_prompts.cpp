@@ -20,6 +20,8 @@ QMessageBox::StandardButtons ButtonsOf(MessageButtons buttons) {
       return QMessageBox::Ok;
     case MessageButtons::OkCancel:
       return QMessageBox::Ok | QMessageBox::Cancel;
+    case MessageButtons::YesNoCancel:
+      return QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
     case MessageButtons::SaveDiscardCancel:
       return QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel;
   }
@@ -30,6 +32,10 @@ Answer AnswerOf(int button) {
   switch (button) {
     case QMessageBox::Ok:
       return Answer::Ok;
+    case QMessageBox::Yes:
+      return Answer::Yes;
+    case QMessageBox::No:
+      return Answer::No;
     case QMessageBox::Save:
       return Answer::Save;
     case QMessageBox::Discard:
@@ -76,6 +82,7 @@ Answer QtPrompts::Message(const std::string& text, MessageButtons buttons, Messa
   box.setIcon(icon == MessageIcon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon);
   box.setStandardButtons(ButtonsOf(buttons));
   if (buttons == MessageButtons::SaveDiscardCancel) box.setDefaultButton(QMessageBox::Save);
+  if (buttons == MessageButtons::YesNoCancel) box.setDefaultButton(QMessageBox::Yes);
   return AnswerOf(box.exec());
 }
 

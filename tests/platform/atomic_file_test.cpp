@@ -384,7 +384,7 @@ TEST(AtomicFile, ReportsTheUsersLimitOfFileSizes) {
   const TempFolder folder;
   const std::string path = folder.Write("map", kOld);
   const int status = RunInChild([&] {
-    RemoveTempFilesOnSignals();
+    EndTidilyOnSignals();
     const rlimit limit{100'000, 100'000};
     setrlimit(RLIMIT_FSIZE, &limit);
     if (Save(path, kNew) != "File too large\n") _exit(1);

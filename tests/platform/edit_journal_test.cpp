@@ -42,9 +42,11 @@ TEST(EditJournal, IsFoundAgainAfterItsProgramWasKilled) {
 
   EXPECT_TRUE(found[0]->Append("later"));
   EXPECT_EQ(Records(found[0]->Path()).back(), "later");
-  EXPECT_TRUE(found[0]->Clear());
-  EXPECT_TRUE(found[0]->Append("on the new base"));
-  EXPECT_THAT(Records(found[0]->Path()), ElementsAre("on the new base"));
+  JournalReader reader(found[0]->Path());
+  reader.Next();
+  EXPECT_TRUE(found[0]->CutBehind(reader.Position()));
+  EXPECT_TRUE(found[0]->Append("after the cut"));
+  EXPECT_THAT(Records(found[0]->Path()), ElementsAre("first", "after the cut"));
 }
 
 TEST(EditJournal, IsRemovedWithItsBase) {

@@ -1,4 +1,4 @@
-#include "platform/live_temp_files.h"
+#include "platform/end_by_signal.h"
 
 #include <csignal>
 #include <string>
@@ -13,13 +13,13 @@
 namespace quorvel {
 namespace {
 
-TEST(LiveTempFiles, AreRemovedByTheSignalThatEndsTheProgram) {
+TEST(EndBySignal, RemovesTemporaryFiles) {
   for (const int signal : {SIGINT, SIGTERM, SIGHUP}) {
     SCOPED_TRACE(signal);
     const TempFolder folder;
     const std::string path = folder.Write("map", "old");
     const int status = RunInChild([&] {
-      RemoveTempFilesOnSignals();
+      EndTidilyOnSignals();
       AtomicFile first(path);
       AtomicFile second(folder / "other");
       if (!first.Reserve(10) || !second.Reserve(10) || folder.Names().size() != 3) _exit(1);
@@ -32,11 +32,11 @@ TEST(LiveTempFiles, AreRemovedByTheSignalThatEndsTheProgram) {
   }
 }
 
-TEST(LiveTempFiles, AreLeftAloneOnceForgotten) {
+TEST(EndBySignal, LeavesForgottenFilesAlone) {
   const TempFolder folder;
   const std::string path = folder.Write("kept", "bytes");
   RunInChild([&] {
-    RemoveTempFilesOnSignals();
+    EndTidilyOnSignals();
     LiveTempFile file;
     file.Remember(path);
     file.Forget();
@@ -45,10 +45,10 @@ TEST(LiveTempFiles, AreLeftAloneOnceForgotten) {
   EXPECT_EQ(folder.Read("kept"), "bytes");
 }
 
-TEST(LiveTempFiles, LeaveAnIgnoredSignalIgnored) {
+TEST(EndBySignal, LeavesAnIgnoredSignalIgnored) {
   const int status = RunInChild([] {
     std::signal(SIGHUP, SIG_IGN);
-    RemoveTempFilesOnSignals();
+    EndTidilyOnSignals();
     raise(SIGHUP);
   });
   EXPECT_TRUE(WIFEXITED(status));
