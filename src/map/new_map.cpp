@@ -76,6 +76,7 @@ void CVastrelDoc::FillNewMap(NewMapChoice&& choice, std::string& errorText) {
   MakeGrid(*this, *settings.width, *settings.height);
   UpdateAllViews(nullptr);
   FillMap(*this, settings.global, settings.region, *settings.seed, services_.feedback, *this);
+  KeepMap();
 
   std::string ignored;  // the map is there; that it cannot be made again is no reason to close it
   if (!services_.fillsFolder.empty())

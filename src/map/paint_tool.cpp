@@ -54,13 +54,9 @@ void PaintCurrentCell(CVastrelDoc& document) {
   const std::optional<CellRecord> record = CurrentRecord(document);
   if (!record) return;
 
-  const MemberEditor* editor = EditorOf(*member);
-  if (member->GetKind() != MemberKind::Object && editor != nullptr) {
-    std::uint32_t slot = 0;
-    editor->StoreInto(*member, &slot);
-    document.StoreCellValue(*record, *member, &slot);
-  }
-  document.SetModifiedFlag();
+  std::uint32_t slot = 0;
+  if (const MemberEditor* editor = EditorOf(*member)) editor->StoreInto(*member, &slot);
+  document.StoreCellValue(*record, *member, &slot);
 }
 
 MemberEditor* FindEditor(const CVastrelDoc& document, int controlId) {

@@ -10,12 +10,23 @@
 
 namespace quorvel {
 
-CVastrelDoc::CVastrelDoc(Services& services) : CDocument(services.prompts), services_(services) {}
+CVastrelDoc::CVastrelDoc(Services& services)
+    : CDocument(services.prompts), services_(services), journal_(services.journalsFolder) {}
 
 CVastrelDoc::~CVastrelDoc() = default;
 
 bool CVastrelDoc::OnNewDocument() {
   return CDocument::OnNewDocument();
+}
+
+bool CVastrelDoc::OnSaveDocument(const std::string& path) {
+  if (!CDocument::OnSaveDocument(path)) return false;
+  journal_.Remove();
+  return true;
+}
+
+void CVastrelDoc::OnCloseDocument() {
+  journal_.Remove();
 }
 
 bool CVastrelDoc::DoSave(const std::optional<std::string>& path, Replace replace) {
@@ -81,13 +92,57 @@ void CVastrelDoc::Adopt(MapContents&& contents) {
   *m_pCurrentCell = {};
   static_cast<MapContents&>(*this) = std::move(contents);
   UpdateAllViews(nullptr);
+  if (journal_.IsOpen()) KeepMap();
+}
+
+void CVastrelDoc::Recover(const JournalHead& head, MapContents&& contents,
+                          std::unique_ptr<EditJournal> journal) {
+  Adopt(std::move(contents));
+  journal_.Resume(std::move(journal));
+  if (head.path.empty()) {
+    SetTitle(head.title);
+  } else {
+    ResumeFile(head.path, head.stamp);
+  }
+  SetModifiedFlag();
 }
 
 void CVastrelDoc::StoreCellValue(const CellRecord& record, const MemberDef& member, const void* value) {
   member.SetValue(record.data, value);
   SetModifiedFlag();
-  OnCellChanged(record);
-  if (journal_ != nullptr) journal_->OnCellChanged(record);
+  if (member.GetKind() != MemberKind::Object) OnCellChanged(record);
+  KeepValue(record, member);
+}
+
+bool CVastrelDoc::BeginJournal(std::string& errorText) {
+  const CMultiDocTemplateWithID* docTemplate = GetDocTemplate();
+  return journal_.Begin({.templateId = docTemplate == nullptr ? 0 : docTemplate->GetResourceID(),
+                         .fileForm = m_nDataType,
+                         .title = GetTitle(),
+                         .path = GetPathName(),
+                         .stamp = Stamp(),
+                         .cellClass = {}},
+                        *this, errorText);
+}
+
+/// Makes the map as it is the base state of the changes to come.
+void CVastrelDoc::KeepMap() {
+  std::string errorText;
+  if (!BeginJournal(errorText)) TellNotKept(errorText);
+}
+
+/// A base state kept as text may not hold the value to the bit, so the first one is added like all others.
+void CVastrelDoc::KeepValue(const CellRecord& record, const MemberDef& member) {
+  if (!journal_.IsOpen() && !journal_.HasFailed()) KeepMap();
+  std::string errorText;
+  if (journal_.IsOpen() && !journal_.HasFailed() && !journal_.Add(record, member, errorText))
+    TellNotKept(errorText);
+}
+
+/// Once until the next save, and where it interrupts nobody.
+void CVastrelDoc::TellNotKept(const std::string& reason) {
+  services_.feedback.SetMessageText("Changes are not kept safe from a crash: " +
+                                    reason.substr(0, reason.find('\n')));
 }
 
 void CVastrelDoc::OnCellChanged(const CellRecord& record) {

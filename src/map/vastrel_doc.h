@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "map/map_contents.h"
+#include "map/map_journal.h"
 #include "map/property_settings.h"
 #include "map/services.h"
 #include "platform/document.h"
@@ -31,6 +32,8 @@ class CVastrelDoc : public CDocument, public MapContents, public CellListener {
   Services& GetServices() const { return services_; }
 
   bool OnNewDocument() override;
+  bool OnSaveDocument(const std::string& path) override;
+  void OnCloseDocument() override;
   /// A product map that gets a new name first asks for its form; none chosen: nothing is saved.
   bool DoSave(const std::optional<std::string>& path, Replace replace) override;
   /// Makes the new map when there is none yet; once.
@@ -46,10 +49,13 @@ class CVastrelDoc : public CDocument, public MapContents, public CellListener {
   /// Takes a whole map in place of what there is, and redraws.
   void Adopt(MapContents&& contents);
 
-  /// Stores a slot's value (null: the default) of one member in one cell. The record must have its instance.
+  /// Takes the map that an abandoned journal keeps, as a modified document under its old title and path, and
+  /// goes on with the journal.
+  void Recover(const JournalHead& head, MapContents&& contents, std::unique_ptr<EditJournal> journal);
+
+  /// Stores a slot's value (null: the default) of a member of the cell class in one cell. The record must
+  /// have its instance. Of an object member nothing is stored or redrawn, but the new record is a change too.
   void StoreCellValue(const CellRecord& record, const MemberDef& member, const void* value);
-  /// Told of every stored value beside the views; null: nobody. Not owned.
-  void SetJournal(CellListener* journal) { journal_ = journal; }
   /// Redraws one cell.
   void OnCellChanged(const CellRecord& record) override;
 
@@ -71,11 +77,15 @@ class CVastrelDoc : public CDocument, public MapContents, public CellListener {
   bool Load(CArchive& archive);
   bool Store(CArchive& archive);
   void ReportErrors(const std::string& errorText);
+  bool BeginJournal(std::string& errorText);
+  void KeepMap();
+  void KeepValue(const CellRecord& record, const MemberDef& member);
+  void TellNotKept(const std::string& reason);
   void MakeEmptyMap(int width, int height, std::string& errorText);
   void FillNewMap(NewMapChoice&& choice, std::string& errorText);
 
   Services& services_;
-  CellListener* journal_ = nullptr;
+  MapJournal journal_;
 };
 
 }  // namespace quorvel

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QStandardPaths>
 
+#include "platform/edit_journal.h"
 #include "platform/end_by_signal.h"
 #include "platform/state_folder.h"
 #include "ui/command_line.h"
@@ -44,7 +45,8 @@ int RunEditor(const quorvel::CCommandLineInfo& commandLine) {
                     settings,
                     clock,
                     InstalledShareFolder(),
-                    StateFolder("fills")};
+                    StateFolder("fills"),
+                    EditJournal::FolderFromEnvironment()};
   EndTidilyOnSignals();
   QtFrameHost frames;
   CMapEditorApp application(services, {feedback, toolOptions, frames});

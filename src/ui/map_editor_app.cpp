@@ -1,5 +1,6 @@
 #include "ui/map_editor_app.h"
 
+#include "map/map_recovery.h"
 #include "map/vastrel_doc.h"
 #include "ui/about_dialog.h"
 #include "ui/map_frame.h"
@@ -49,8 +50,10 @@ bool CMapEditorApp::InitInstance(const CCommandLineInfo& commandLine) {
   CreateMainFrame();
   RegisterShellFileTypes(Templates());
   const bool prints = commandLine.m_nShellCommand >= CCommandLineInfo::FilePrint;
-  if (!prints) mainFrame_->show();
-  return ProcessShellCommand(commandLine);
+  if (prints) return ProcessShellCommand(commandLine);
+  mainFrame_->show();
+  const bool isAnyBack = OfferRecovery(*this, services_);  // before a file of the command line takes its path
+  return ProcessShellCommand(commandLine) || isAnyBack;
 }
 
 void CMapEditorApp::AddDocTemplates() {

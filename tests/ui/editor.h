@@ -35,10 +35,13 @@ class KeepingMapDialogs : public MapDialogs {
 };
 
 /// The whole editor off screen, with scripted prompts, settings in memory and a folder of its own for the
-/// user's data.
+/// user's data. Without a folder for journals nothing is kept safe from a crash.
 class Editor {
  public:
-  explicit Editor(const CCommandLineInfo& commandLine = {}) {
+  explicit Editor(const CCommandLineInfo& commandLine = {}, const std::string& journalsFolder = {},
+                  std::deque<Answer> answers = {}) {
+    services.journalsFolder = journalsFolder;
+    prompts.answers = std::move(answers);
     qputenv("XDG_DATA_HOME", (folder / "data").c_str());
     started = app.InitInstance(commandLine);
   }

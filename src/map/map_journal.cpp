@@ -1,0 +1,85 @@
+#include "map/map_journal.h"
+
+#include <cerrno>
+#include <new>
+#include <optional>
+#include <utility>
+
+#include "map/map_writer.h"
+#include "platform/atomic_file.h"
+#include "platform/file_calls.h"
+
+namespace quorvel {
+namespace {
+
+/// The binary form is written fast and keeps floats and texts to the bit, but holds all cells. A map too
+/// large for that which is mostly empty is kept as text, as it would be saved.
+int BaseForm(const CellGrid& grid) {
+  constexpr std::int32_t kSmallMapCells = 4'000'000;
+  const bool isMostlyEmpty = grid.Count() < grid.CellCount() / 16;
+  return grid.CellCount() > kSmallMapCells && isMostlyEmpty ? kTextForm : kBinaryForm;
+}
+
+/// Lets a map be written in another form during this object's life.
+class InForm {
+ public:
+  InForm(MapContents& map, int form) : map_(map), own_(std::exchange(map.m_nDataType, form)) {}
+  ~InForm() { map_.m_nDataType = own_; }
+  InForm(const InForm&) = delete;
+  InForm& operator=(const InForm&) = delete;
+
+ private:
+  MapContents& map_;
+  const int own_;
+};
+
+bool WriteBase(const std::string& path, MapContents& map, std::string& errorText) try {
+  const InForm inForm(map, BaseForm(*map.m_pGrid));
+  const std::optional<MapFilePlan> plan = PlanMapFile(map, {}, errorText);
+  if (!plan) return false;
+  AtomicFile file(path);
+  NullFeedback feedback;  // no window may come alive in the middle of an edit
+  if (file.Reserve(plan->fileBytes)) SaveMap(*plan, map, file, feedback);
+  return file.Commit(errorText);
+} catch (const std::bad_alloc&) {
+  errorText += "There is not enough memory.\n";
+  return false;
+}
+
+}  // namespace
+
+bool MapJournal::Begin(JournalHead head, MapContents& map, std::string& errorText) {
+  Remove();
+  if (folder_.empty()) return true;
+  std::unique_ptr<EditJournal> journal = EditJournal::Create(folder_);
+  if (journal == nullptr) return Fail(ErrorText(errno), errorText);
+  head.cellClass = DescribeCellClass(map);
+  const bool isWritten = WriteBase(journal->BasePath(), map, errorText) &&
+                         journal->Append(EncodeHead(head)) &&
+                         journal->Append(EncodeRecordedCells(*map.m_pGrid));
+  if (!isWritten) {
+    const std::string reason = journal->Error();
+    journal->Remove();
+    return Fail(reason, errorText);
+  }
+  journal_ = std::move(journal);
+  return true;
+}
+
+bool MapJournal::Add(const CellRecord& record, const MemberDef& member, std::string& errorText) {
+  return journal_->Append(EncodeValue(record, member)) || Fail(journal_->Error(), errorText);
+}
+
+void MapJournal::Remove() {
+  if (journal_ != nullptr) journal_->Remove();
+  journal_.reset();
+  hasFailed_ = false;
+}
+
+bool MapJournal::Fail(const std::string& reason, std::string& errorText) {
+  hasFailed_ = true;
+  if (errorText.empty()) errorText = reason + "\n";
+  return false;
+}
+
+}  // namespace quorvel
