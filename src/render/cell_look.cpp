@@ -24,7 +24,7 @@ constexpr int kMaxLineCharacters = 256;
 
 CellColours CellColours::Of(const MapLook& look, const CellRecord& record) {
   const QRgb pen = MappedColour(look.outlineMember, record);
-  const QRgb fill = MappedColour(look.fillMember, record);
+  const QRgb fill = look.fillMember == look.outlineMember ? pen : MappedColour(look.fillMember, record);
   if (!look.filter || look.filter(record)) return {pen, fill, false};
   return {Faded(pen), Faded(fill), true};
 }

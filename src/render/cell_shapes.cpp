@@ -55,6 +55,14 @@ QRect BoundsOf(const CellShape& shape) {
   return bounds;
 }
 
+bool IsOnFill(const QRect& rect, const BodyRows& body) {
+  const auto holds = [&](const BodyRow& row) {
+    return row.y >= rect.top() && row.y <= rect.bottom() && row.fillLeft <= rect.left() &&
+           row.fillRight > rect.right();
+  };
+  return std::ranges::count_if(body, holds) == rect.height();
+}
+
 }  // namespace
 
 CellShape CellShape::ReadFrom(const PlainPainter& painter, const CellFigure& figure) {
@@ -76,6 +84,7 @@ CellShape CellShape::ReadFrom(const PlainPainter& painter, const CellFigure& fig
                      {},
                      figure.label};
   shape.ink = BoundsOf(shape);
+  shape.isLabelOnFill = IsOnFill(shape.label, shape.body);
   return shape;
 }
 

@@ -37,6 +37,7 @@ struct CellShape {
   PixelRuns rim;   ///< inverted where the cell is the current one
   QRect ink;       ///< bounds of all of them
   QRect label;
+  bool isLabelOnFill = false;  ///< the area's colour is all that a label can lie on
 
   static CellShape ReadFrom(const PlainPainter& painter, const CellFigure& figure);
 };

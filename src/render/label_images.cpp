@@ -40,14 +40,25 @@ const LabelImage& LabelImages::Of(const MemberDef& member, std::size_t memberNum
                                   const CellRecord& record) {
   const std::uint32_t value = ValueOf(member, record);
   if (memberNumber < members_.size()) {
-    if (const std::uint32_t image = members_[memberNumber].Find(value); image != ByValue::kNone)
-      return images_[image];
+    const std::uint32_t image = members_[memberNumber].byCell.Find(record.index, value);
+    if (image != kNone) return images_[image];
+  }
+  const std::uint32_t image = ImageOf(member, memberNumber, record, value);
+  members_[memberNumber].byCell.Set(record.index, {value, image});
+  return images_[image];
+}
+
+std::uint32_t LabelImages::ImageOf(const MemberDef& member, std::size_t memberNumber,
+                                   const CellRecord& record, std::uint32_t value) {
+  if (memberNumber < members_.size()) {
+    const std::uint32_t known = members_[memberNumber].byValue.Find(value);
+    if (known != kNone) return known;
   }
   if (Bytes() > kMaxBytes) Forget();
   if (memberNumber >= members_.size()) members_.resize(memberNumber + 1);
   const std::uint32_t image = Add(Draw(member, record));
-  members_[memberNumber].Add(value, image);
-  return images_[image];
+  members_[memberNumber].byValue.Add(value, image);
+  return image;
 }
 
 /// The place that holds the value, or the free one where it belongs. Neighbouring values, such as texts added
@@ -81,7 +92,7 @@ std::uint32_t LabelImages::Add(LabelImage image) {
 
 std::size_t LabelImages::Bytes() const {
   std::size_t bytes = inkBytes_;
-  for (const ByValue& member : members_) bytes += member.Bytes();
+  for (const MemberImages& member : members_) bytes += member.byValue.Bytes() + ByCell::kBytes;
   return bytes;
 }
 

@@ -1,5 +1,6 @@
 #include "render/map_painter.h"
 
+#include <algorithm>
 #include <cmath>
 #include <optional>
 #include <unordered_map>
@@ -56,18 +57,19 @@ class Pass {
         shades_(shades),
         area_(area),
         origin_(origin),
-        part_(PartOf(area.Clip(), origin)) {}
+        part_(PartOf(area.Clip(), origin)),
+        erasedTo_(part_.top) {}
 
-  void PaintGround();
-  void PaintCells();
+  void Paint();
 
  private:
+  void EraseTo(std::int64_t bottom);
   int FrameX(std::int64_t deviceX) const { return static_cast<int>(deviceX - origin_.x); }
   int FrameY(std::int64_t deviceY) const { return static_cast<int>(deviceY - origin_.y); }
   std::vector<Place> PlaceColumns(std::int32_t first, std::int32_t last);
   Place PlaceRow(std::int32_t column, std::int32_t row);
   void PaintCell(CellCoord cell, Place column, Place row);
-  void PaintLabel(const CellRecord& record, const QRect& label, QRgb ground);
+  void PaintLabel(const CellRecord& record, const CellShape& shape, QPoint corner, QRgb fill);
 
   const MapContents& map_;
   const MapLook& look_;
@@ -75,30 +77,41 @@ class Pass {
   LabelImages& labels_;
   GroundShades& shades_;
   PixelArea area_;
-  CellCorner origin_;  // the frame's pixel (0, 0)
-  MapRect part_;       // the area, in device pixels of the whole map
+  CellCorner origin_;      // the frame's pixel (0, 0)
+  MapRect part_;           // the area, in device pixels of the whole map
+  std::int64_t erasedTo_;  // what of it lies above this has its ground
 };
 
-void Pass::PaintGround() {
-  area_.FillRect(area_.Clip(), kMapBackground);
-  for (const MapRect& margin : Margins(*map_.m_pGrid, shapes_.Metrics(), shapes_.Scale(), part_)) {
-    if (margin.IsEmpty()) continue;
-    area_.FillRect(QRect(FrameX(margin.left), FrameY(margin.top), static_cast<int>(margin.Width()),
-                         static_cast<int>(margin.Height())),
-                   kMapMargin);
-  }
-}
-
-void Pass::PaintCells() {
+/// Rows of cells are painted from the top, and the ground of each is laid just before: its pixels are still
+/// in the processor's cache when the cells come over them.
+void Pass::Paint() {
   const CellSpan cells = VisibleCells(*map_.m_pGrid, shapes_.Metrics(), shapes_.Scale(), part_);
   const std::vector<Place> columns = PlaceColumns(cells.firstColumn, cells.lastColumn);
   for (std::int32_t row = cells.firstRow; row <= cells.lastRow; ++row) {
+    EraseTo(CellInk(look_, {1, row}).bottom);                        // odd columns lie lower
     const Place rowPlaces[] = {PlaceRow(0, row), PlaceRow(1, row)};  // of even and odd columns
     for (std::int32_t column = cells.firstColumn; column <= cells.lastColumn; ++column) {
       PaintCell({column, row}, columns[static_cast<std::size_t>(column - cells.firstColumn)],
                 rowPlaces[column % 2]);
     }
   }
+  EraseTo(part_.bottom);
+}
+
+/// Lays background and margins on what of the area lies above `bottom` and has none yet.
+void Pass::EraseTo(std::int64_t bottom) {
+  const auto fill = [this](const MapRect& rect, QRgb colour) {
+    if (rect.IsEmpty()) return;
+    area_.FillRect(QRect(FrameX(rect.left), FrameY(rect.top), static_cast<int>(rect.Width()),
+                         static_cast<int>(rect.Height())),
+                   colour);
+  };
+  const MapRect next = {part_.left, erasedTo_, part_.right, std::min(bottom, part_.bottom)};
+  if (next.IsEmpty()) return;
+  fill(next, kMapBackground);
+  for (const MapRect& margin : Margins(*map_.m_pGrid, shapes_.Metrics(), shapes_.Scale(), next))
+    fill(margin, kMapMargin);
+  erasedTo_ = next.bottom;
 }
 
 std::vector<Place> Pass::PlaceColumns(std::int32_t first, std::int32_t last) {
@@ -124,21 +137,22 @@ void Pass::PaintCell(CellCoord cell, Place column, Place row) {
   if (const auto record = map_.m_pGrid->Find(index)) {
     const CellColours colours = CellColours::Of(look_, *record);
     area_.Fill(corner, shape, colours.pen, colours.fill);
-    if (look_.labels == Labels::Shown && !colours.isFaded)
-      PaintLabel(*record, shape.label.translated(corner), colours.fill);
+    if (look_.labels == Labels::Shown && !colours.isFaded) PaintLabel(*record, shape, corner, colours.fill);
   }
   if (IsMarked(map_, index)) area_.Invert(corner, shape.mark);
   if (cell == look_.currentCell) area_.Invert(corner, shape.rim);
 }
 
-void Pass::PaintLabel(const CellRecord& record, const QRect& label, QRgb ground) {
+void Pass::PaintLabel(const CellRecord& record, const CellShape& shape, QPoint corner, QRgb fill) {
   if (map_.m_pCellClass == nullptr) return;
+  const QRect label = shape.label.translated(corner);
+  const PixelArea::Ground ground = shape.isLabelOnFill ? PixelArea::Ground::Plain : PixelArea::Ground::Mixed;
   QPoint place = label.topLeft();
   std::size_t memberNumber = 0;
   for (const auto& member : map_.m_pCellClass->Members()) {
     if (place.y() > label.bottom()) return;
     const LabelImage& image = labels_.Of(*member, memberNumber++, record);
-    if (!image.rows.empty()) area_.Blacken(place, image, label, shades_.Of(ground));
+    if (!image.rows.empty()) area_.Blacken(place, image, label, shades_.Of(fill), ground);
     place.ry() += image.lines * labels_.LineHeight();
   }
 }
@@ -182,8 +196,7 @@ void MapPainter::Paint(const MapContents& map, const MapLook& look, QImage& fram
   caches_->PrepareFor(look);
   Pass pass(map, look, *caches_->shapes, *caches_->labels, caches_->shades, PixelArea(frame, clip),
             {originX, originY});
-  pass.PaintGround();
-  pass.PaintCells();
+  pass.Paint();
 }
 
 void MapPainter::ForgetLabels() {

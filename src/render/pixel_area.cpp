@@ -23,16 +23,41 @@ bool Contains(const QRect& outer, const QRect& inner) {
          outer.bottom() >= inner.bottom();
 }
 
-/// Most rows of a cell have only a few pixels, for which std::fill_n takes too long to begin: four at a time,
-/// and the last four over what may be there already.
+/// Most rows of a cell have only a few pixels, for which std::fill_n takes too long to begin: they are
+/// written four at a time.
+constexpr int kAtOnce = 4;
+using Pixels = std::array<QRgb, kAtOnce>;
+
+Pixels PixelsOf(QRgb colour) {
+  return {colour, colour, colour, colour};
+}
+
+void Store(QRgb* to, const Pixels& pixels) {
+  std::memcpy(to, pixels.data(), sizeof pixels);
+}
+
+/// The last four may go over what is there already.
 void FillPixels(QRgb* to, int count, QRgb colour) {
-  const std::array<QRgb, 4> four = {colour, colour, colour, colour};
-  if (count < 4) {
+  if (count < kAtOnce) {
     for (int i = 0; i < count; ++i) to[i] = colour;
     return;
   }
-  for (int i = 0; i < count - 4; i += 4) std::memcpy(to + i, four.data(), sizeof four);
-  std::memcpy(to + count - 4, four.data(), sizeof four);
+  const Pixels pixels = PixelsOf(colour);
+  for (int i = 0; i < count - kAtOnce; i += kAtOnce) Store(to + i, pixels);
+  Store(to + count - kAtOnce, pixels);
+}
+
+/// `pixels` is where the cell's corner is in this row. Where the area is wide enough, the pen is not rounded
+/// down to its ends: what it takes too much of the area the area takes back.
+void FillBodyRow(QRgb* pixels, const BodyRow& row, QRgb pen, QRgb fill) {
+  if (row.fillRight - row.fillLeft < kAtOnce) {
+    FillPixels(pixels + row.left, row.right - row.left, pen);
+  } else {
+    const Pixels penPixels = PixelsOf(pen);
+    for (int x = row.left; x < row.fillLeft; x += kAtOnce) Store(pixels + x, penPixels);
+    for (int x = row.right; x > row.fillRight; x -= kAtOnce) Store(pixels + x - kAtOnce, penPixels);
+  }
+  FillPixels(pixels + row.fillLeft, row.fillRight - row.fillLeft, fill);
 }
 
 }  // namespace
@@ -67,11 +92,7 @@ void PixelArea::Fill(QPoint corner, const CellShape& shape, QRgb pen, QRgb fill)
     }
     return;
   }
-  for (const BodyRow& row : shape.body) {
-    QRgb* const pixels = Row(corner.y() + row.y) + corner.x();
-    FillPixels(pixels + row.left, row.right - row.left, pen);
-    FillPixels(pixels + row.fillLeft, row.fillRight - row.fillLeft, fill);
-  }
+  for (const BodyRow& row : shape.body) FillBodyRow(Row(corner.y() + row.y) + corner.x(), row, pen, fill);
 }
 
 void PixelArea::Invert(QPoint corner, const PixelRuns& runs) {
@@ -86,7 +107,8 @@ void PixelArea::Invert(QPoint corner, const PixelRuns& runs) {
   }
 }
 
-void PixelArea::Blacken(QPoint place, const LabelImage& image, const QRect& within, const Shades& shades) {
+void PixelArea::Blacken(QPoint place, const LabelImage& image, const QRect& within, const Shades& shades,
+                        Ground ground) {
   const QRect visible = within & clip_;
   const bool isWide = place.x() < visible.left() || place.x() + image.width > visible.right() + 1;
   const InkPixel* ink = image.ink.data();
@@ -96,6 +118,10 @@ void PixelArea::Blacken(QPoint place, const LabelImage& image, const QRect& with
     if (y > visible.bottom()) return;
     if (y >= visible.top()) {
       QRgb* const pixels = Row(y) + place.x();
+      if (ground == Ground::Plain && !isWide) {  // nearly all rows: no pixel need be read
+        for (; ink != end; ++ink) pixels[ink->x] = shades.under[ink->black];
+        continue;
+      }
       for (; ink != end; ++ink) {
         const int x = place.x() + ink->x;
         if (isWide && (x < visible.left() || x > visible.right())) continue;

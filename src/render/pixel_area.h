@@ -36,9 +36,12 @@ class PixelArea {
   void FillRect(const QRect& rect, QRgb colour);
   void Fill(QPoint corner, const CellShape& shape, QRgb pen, QRgb fill);
   void Invert(QPoint corner, const PixelRuns& runs);
-  /// Lays the image's black over what is there, inside `within` only; `place` is the left end of its first
-  /// line's top. Most of what is there has the colour that the shades are of.
-  void Blacken(QPoint place, const LabelImage& image, const QRect& within, const Shades& shades);
+  /// What a label is laid over: one colour only, or anything.
+  enum class Ground { Plain, Mixed };
+  /// Lays the image's black over the ground, inside `within` only; `place` is the left end of its first
+  /// line's top. The shades are of the plain ground, or of what most of a mixed one is.
+  void Blacken(QPoint place, const LabelImage& image, const QRect& within, const Shades& shades,
+               Ground ground);
 
  private:
   QRgb* Row(int y) const { return pixels_ + y * stride_; }
