@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 
 #include <isa-l/crc.h>
 #include <isa-l/igzip_lib.h>
@@ -19,6 +20,23 @@ constexpr std::size_t kChunkBytes = 256 * 1024;
 std::array<std::uint8_t, 4> BigEndian(std::uint32_t value) {
   return {static_cast<std::uint8_t>(value >> 24), static_cast<std::uint8_t>(value >> 16),
           static_cast<std::uint8_t>(value >> 8), static_cast<std::uint8_t>(value)};
+}
+
+constexpr std::size_t kBlockPixels = 16;
+
+/// Writes the differences of `count` pixels to those above them, three bytes each. Where a whole block
+/// repeats what is above it, as most of a map does, nothing need be taken apart.
+void Subtract(const std::uint32_t* pixels, const std::uint32_t* above, std::size_t count, std::uint8_t* to) {
+  if (std::memcmp(pixels, above, count * sizeof *pixels) == 0) {
+    std::memset(to, 0, count * 3);
+    return;
+  }
+  for (std::size_t at = 0; at < count; ++at, to += 3) {
+    for (int channel = 0; channel < 3; ++channel) {
+      const int shift = 16 - 8 * channel;
+      to[channel] = static_cast<std::uint8_t>((pixels[at] >> shift) - (above[at] >> shift));
+    }
+  }
 }
 
 bool Write(std::streambuf& out, std::span<const std::uint8_t> bytes) {
@@ -44,9 +62,8 @@ struct PngWriter::Deflater {
 
 PngWriter::PngWriter(std::streambuf& out, std::uint32_t width, std::uint32_t height)
     : out_(out),
-      row_(std::size_t{width} * 3),
-      above_(row_.size()),
-      filtered_(row_.size() + 1, kFilterUp),
+      above_(width),
+      filtered_(std::size_t{width} * 3 + 1, kFilterUp),
       compressed_(kChunkBytes),
       deflater_(std::make_unique<Deflater>()) {
   deflater_->stream.next_out = compressed_.data();
@@ -64,14 +81,11 @@ PngWriter::PngWriter(std::streambuf& out, std::uint32_t width, std::uint32_t hei
 PngWriter::~PngWriter() = default;
 
 bool PngWriter::AddRow(const std::uint32_t* pixels) {
-  for (std::size_t at = 0; at < row_.size(); at += 3, ++pixels) {
-    row_[at] = static_cast<std::uint8_t>(*pixels >> 16);
-    row_[at + 1] = static_cast<std::uint8_t>(*pixels >> 8);
-    row_[at + 2] = static_cast<std::uint8_t>(*pixels);
+  for (std::size_t at = 0; at < above_.size(); at += kBlockPixels) {
+    const std::size_t count = std::min(kBlockPixels, above_.size() - at);
+    Subtract(pixels + at, above_.data() + at, count, filtered_.data() + 1 + 3 * at);
   }
-  for (std::size_t at = 0; at < row_.size(); ++at)
-    filtered_[at + 1] = static_cast<std::uint8_t>(row_[at] - above_[at]);
-  row_.swap(above_);
+  std::copy_n(pixels, above_.size(), above_.begin());
   return Compress(filtered_, false);
 }
 

@@ -33,9 +33,9 @@ class PngWriter {
 
   std::streambuf& out_;
   bool isGood_ = true;
-  std::vector<std::uint8_t> row_, above_;  // RGB
-  std::vector<std::uint8_t> filtered_;     // filter type, then the row's bytes less those above
-  std::vector<std::uint8_t> compressed_;   // content of the next IDAT chunk
+  std::vector<std::uint32_t> above_;      // the row before; black before the first
+  std::vector<std::uint8_t> filtered_;    // filter type, then the row's bytes less those above
+  std::vector<std::uint8_t> compressed_;  // content of the next IDAT chunk
   std::unique_ptr<Deflater> deflater_;
 };
 
