@@ -11,6 +11,8 @@ namespace {
 /// The end of a text is looked for within a page, and beyond it in the page index.
 constexpr std::size_t kPageBytes = 4096;
 constexpr std::size_t kReadBytes = 1 << 20;
+/// Room made at once for a block that is announced: growing step by step would copy it again and again.
+constexpr std::size_t kMostReservedBytes = std::size_t{64} << 20;
 constexpr std::size_t kMaxBytes = std::numeric_limits<std::uint32_t>::max();
 
 /// Pages that begin before `offset`.
@@ -54,6 +56,7 @@ TextHandle TextArena::Adopt(std::streambuf& input, std::uint32_t bytes) {
 
 /// Appends a block and its last NUL, growing with what arrives: a block may be announced larger than it is.
 void TextArena::ReadBlock(std::streambuf& input, std::size_t bytes) {
+  bytes_.reserve(bytes_.size() + std::min(bytes + 1, kMostReservedBytes));
   bool ended = false;
   while (bytes > 0 && !ended) {
     const std::size_t start = bytes_.size();

@@ -116,12 +116,10 @@ CellGrid::Page* CellGrid::PageForWriting(std::int32_t index) {
   return page.get();
 }
 
-std::optional<CellRecord> CellGrid::FindOrCreate(CellCoord cell) {
-  const std::int32_t index = IndexOf(cell);
-  if (index < 0) return std::nullopt;
+/// The data of the record of a valid index, which is made if there is none; null when memory runs out.
+ClassInstance* CellGrid::DataForWriting(std::int32_t index) {
   Page* page = PageForWriting(index);
-  if (page == nullptr) return std::nullopt;
-
+  if (page == nullptr) return nullptr;
   ClassInstance& data = page->data[index % kPageCells];
   if ((page->present & Bit(index)) == 0) {
     const std::size_t pageNumber = index / kPageCells;
@@ -130,7 +128,20 @@ std::optional<CellRecord> CellGrid::FindOrCreate(CellCoord cell) {
     data = {};
     ++count_;
   }
-  return CellRecord{cell.column, cell.row, index, data, this};
+  return &data;
+}
+
+std::optional<CellRecord> CellGrid::FindOrCreate(CellCoord cell) {
+  const std::int32_t index = IndexOf(cell);
+  const ClassInstance* data = index < 0 ? nullptr : DataForWriting(index);
+  if (data == nullptr) return std::nullopt;
+  return CellRecord{cell.column, cell.row, index, *data, this};
+}
+
+bool CellGrid::CreateWith(std::int32_t index, ClassInstance data) {
+  ClassInstance* const own = IsValid(index) ? DataForWriting(index) : nullptr;
+  if (own != nullptr) *own = data;
+  return own != nullptr;
 }
 
 std::optional<CellRecord> CellGrid::Remove(const CellRecord& record) {

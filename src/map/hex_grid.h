@@ -68,6 +68,9 @@ class CellGrid {
   void RemoveAll();
   /// Gives the record of `index` its data; nothing happens where there is no record.
   void SetData(std::int32_t index, ClassInstance data);
+  /// FindOrCreate and SetData in one, for a loop over very many cells. False outside the grid and when memory
+  /// runs out.
+  bool CreateWith(std::int32_t index, ClassInstance data);
   std::int32_t Count() const { return count_; }
 
   /// The outline of a cell at `cellSize` pixels; false and nothing filled for a cell outside the grid.
@@ -93,6 +96,7 @@ class CellGrid {
   CellRecord RecordAt(std::int32_t index) const;
   bool HasRecord(std::int32_t index) const;
   Page* PageForWriting(std::int32_t index);
+  ClassInstance* DataForWriting(std::int32_t index);
 
   const std::int32_t height_;
   const std::int32_t width_;

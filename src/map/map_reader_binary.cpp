@@ -4,7 +4,6 @@
 #include <bit>
 #include <cstring>
 #include <iterator>
-#include <optional>
 #include <vector>
 
 #include <fmt/format.h>
@@ -115,21 +114,29 @@ class BlockReader {
     for (std::int32_t first = 0; first < head_.count; first += static_cast<std::int32_t>(rowsAtOnce)) {
       const std::int64_t rows = std::min<std::int64_t>(rowsAtOnce, head_.count - first);
       if (!ReadBytes(chunk.data(), rows * rowBytes_)) return false;
+      // New instances of the whole chunk have successive numbers.
+      const auto instances =
+          static_cast<std::uint32_t>(cellClass_.CreateInstances(static_cast<std::uint32_t>(rows)));
+      if (instances == 0) return RefuseForMemory(first);
       for (std::int32_t row = 0; row < rows; ++row) {
-        if (!MakeCell(first + row, chunk.data() + std::int64_t{row} * rowBytes_, runs)) return false;
+        const auto instance = static_cast<ClassInstance>(instances + static_cast<std::uint32_t>(row));
+        if (!MakeCell(first + row, instance, chunk.data() + std::int64_t{row} * rowBytes_, runs))
+          return false;
         progress.Step(first + row, head_.count);
       }
     }
     return true;
   }
 
-  bool MakeCell(std::int32_t index, std::byte* row, const std::vector<BlockRun>& runs) {
+  bool RefuseForMemory(std::int32_t index) { return Refuse("Not enough memory for cell {}.", index); }
+
+  bool MakeCell(std::int32_t index, ClassInstance instance, std::byte* row,
+                const std::vector<BlockRun>& runs) {
     for (const StringMemberPlace& place : strings_) {
       if (!TurnIntoHandle(index, place, row + place.packedOffset)) return false;
     }
-    const std::optional<CellRecord> record = CreateCell(contents_, contents_.m_pGrid->CoordOf(index));
-    if (!record) return Refuse("Not enough memory for cell {}.", index);
-    std::byte* block = cellClass_.Block(record->data);
+    if (!contents_.m_pGrid->CreateWith(index, instance)) return RefuseForMemory(index);
+    std::byte* block = cellClass_.Block(instance);
     for (const BlockRun& run : runs) {
       std::memcpy(block + run.blockOffset, row + run.packedOffset, static_cast<std::size_t>(run.bytes));
     }
