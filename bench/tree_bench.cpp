@@ -82,42 +82,44 @@ void ReadTree(benchmark::State& state, MakeText make) {
   }
 }
 
+/// A text and the tree that was read from it.
+struct MadeTree {
+  MadeTree(MakeText make, std::int64_t nodes) : text(make(nodes)), root("") {
+    TextView input(text);
+    root.ReadText(&input);
+  }
+
+  std::string text;
+  DataBranch root;
+};
+
 void WriteTree(benchmark::State& state, MakeText make) {
-  std::string text = make(state.range(0));
-  TextView input(text);
-  DataBranch root("");
-  root.ReadText(&input);
-  BesideCopy beside(state, static_cast<std::size_t>(state.range(0)), text.size());
+  const MadeTree tree(make, state.range(0));
+  BesideCopy beside(state, static_cast<std::size_t>(state.range(0)), tree.text.size());
   for (auto unused : state) {
-    beside.Time([&root] {
+    beside.Time([&tree] {
       Sink sink;
-      root.WriteText(&sink);
+      tree.root.WriteText(&sink);
       benchmark::DoNotOptimize(sink.Count());
     });
   }
 }
 
 void MeasureTree(benchmark::State& state, MakeText make) {
-  std::string text = make(state.range(0));
-  TextView input(text);
-  DataBranch root("");
-  root.ReadText(&input);
-  BesideCopy beside(state, static_cast<std::size_t>(state.range(0)), text.size());
+  const MadeTree tree(make, state.range(0));
+  BesideCopy beside(state, static_cast<std::size_t>(state.range(0)), tree.text.size());
   for (auto unused : state) {
-    beside.Time([&root] { benchmark::DoNotOptimize(root.TextSize()); });
+    beside.Time([&tree] { benchmark::DoNotOptimize(tree.root.TextSize()); });
   }
 }
 
 void CopyTree(benchmark::State& state, MakeText make) {
-  std::string text = make(state.range(0));
-  TextView input(text);
-  DataBranch root("");
-  root.ReadText(&input);
-  BesideCopy beside(state, static_cast<std::size_t>(state.range(0)), text.size());
+  const MadeTree tree(make, state.range(0));
+  BesideCopy beside(state, static_cast<std::size_t>(state.range(0)), tree.text.size());
   for (auto unused : state) {
-    beside.Time([&root] {
+    beside.Time([&tree] {
       DataBranch copy("");
-      copy.CopyFrom(root);
+      copy.CopyFrom(tree.root);
       benchmark::DoNotOptimize(copy.GetFirstChild());
     });
   }
