@@ -43,6 +43,29 @@ BENCHMARK(FindOrCreate)
     ->UseManualTime()
     ->Unit(benchmark::kMillisecond);
 
+/// The floor under the random order: the same numbers written into a bare array, what waits for memory and
+/// nothing else.
+void StoreInArray(benchmark::State& state) {
+  const auto side = static_cast<std::int32_t>(state.range(0));
+  const auto indices = Indices(side * side, Order::Random);
+  BesideCopy beside(state, indices.size(), indices.size() * sizeof(ClassInstance));
+  for (auto _ : state) {
+    std::vector<ClassInstance> cells;
+    beside.Time([&] {
+      cells.resize(indices.size());
+      for (const std::int32_t index : indices) cells[index] = static_cast<ClassInstance>(index + 1);
+    });
+    benchmark::DoNotOptimize(cells.data());
+  }
+}
+BENCHMARK(StoreInArray)
+    ->ArgName("side")
+    ->Arg(500)
+    ->Arg(1000)
+    ->Arg(2000)
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond);
+
 void Step(benchmark::State& state) {
   const auto side = static_cast<std::int32_t>(state.range(0));
   CellGrid grid(side, side);
