@@ -158,12 +158,20 @@ bool CDocument::DoSave(const std::optional<std::string>& path, Replace replace) 
     Report("save", *name, "The file is open in another window");
     return false;
   }
-  if (!OnSaveDocument(*name)) return false;
+  if (!MayReplace(*name) || !OnSaveDocument(*name)) return false;
   if (replace == Replace::Yes) SetPathName(*name);
   if (Absolute(*name) != pathName_) return true;  // a copy
   claim_.Claim(pathName_);
   stamp_ = FileStamp::Of(pathName_);
   return true;
+}
+
+/// Asks about a file that another editor has open. The document's own file is claimed by itself.
+bool CDocument::MayReplace(const std::string& path) {
+  std::error_code failed;
+  if (path == pathName_ || std::filesystem::equivalent(path, pathName_, failed)) return true;
+  return OpenFileClaim().Claim(path) ||
+         Confirm(fmt::format("{} is open in another editor.\nReplace it?", path));
 }
 
 bool CDocument::DoFileSave() {

@@ -106,6 +106,7 @@ class CDocument {
   bool Load(const std::string& path, std::string& reason);
   bool Store(const std::string& path, std::string& reason);
   std::optional<std::string> AskForFileName();
+  bool MayReplace(const std::string& path);
   bool Confirm(const std::string& question);
   void TellViewsOfTitle();
   void Report(const char* verb, const std::string& path, const std::string& reason);

@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <filesystem>
+#include <utility>
 
 #include <fcntl.h>
 #include <isa-l/crc64.h>
@@ -30,17 +31,31 @@ std::string LockPathFor(const std::string& path) {
   return fmt::format("{}/{:016x}.open", folder, crc64_ecma_refl(0, bytes, name.size()));
 }
 
+/// False: who held the file before has removed it, and further editors would lock another one.
+bool IsNamed(int fd, const std::string& path) {
+  struct stat held {};
+  struct stat named {};
+  return fstat(fd, &held) == 0 && stat(path.c_str(), &named) == 0 && held.st_ino == named.st_ino &&
+         held.st_dev == named.st_dev;
+}
+
 }  // namespace
 
 bool OpenFileClaim::Claim(const std::string& path) {
   Release();
   lockPath_ = LockPathFor(path);
   if (lockPath_.empty()) return true;
-  fd_ = open(lockPath_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
-  if (fd_ < 0 || flock(fd_, LOCK_EX | LOCK_NB) == 0 || errno != EWOULDBLOCK) return true;
-  close(fd_);
-  fd_ = -1;
-  return false;
+  do {
+    if (fd_ >= 0) close(fd_);
+    fd_ = open(lockPath_.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
+    if (fd_ < 0) return true;
+    if (flock(fd_, LOCK_EX | LOCK_NB) != 0) {
+      const bool isClaimed = errno == EWOULDBLOCK;
+      close(std::exchange(fd_, -1));
+      return !isClaimed;
+    }
+  } while (!IsNamed(fd_, lockPath_));
+  return true;
 }
 
 void OpenFileClaim::Release() {

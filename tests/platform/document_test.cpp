@@ -277,6 +277,9 @@ TEST_F(Document, WarnsOfAnotherEditor) {
     prompts.answers = {answer};
     EXPECT_EQ(other.OnOpenDocument(path), answer == Answer::Ok);
     EXPECT_THAT(prompts.TakeMessages(), ElementsAre(path + " is open in another editor.\nOpen it anyway?"));
+    prompts.answers = {Answer::Cancel};
+    EXPECT_FALSE(other.DoSave(path, Replace::Yes));
+    EXPECT_THAT(prompts.TakeMessages(), ElementsAre(path + " is open in another editor.\nReplace it?"));
   }
   unsetenv("XDG_RUNTIME_DIR");
 }
