@@ -12,6 +12,7 @@
 #include "map/map_reader_binary.h"
 #include "map/map_reader_stream.h"
 #include "map/map_reader_text.h"
+#include "map/whole_input.h"
 
 namespace quorvel {
 namespace {
@@ -120,21 +121,6 @@ bool CanSeek(std::streambuf& file) {
   return file.pubseekoff(0, std::ios_base::end, std::ios_base::in) != std::streambuf::pos_type(-1);
 }
 
-/// All that the input holds, up to just above the largest file.
-std::string ReadAll(std::streambuf& input) {
-  constexpr std::uint64_t kEnough = kMaxTextFileBytes + 1;
-  constexpr std::size_t kPieceBytes = 256 * 1024;
-  std::string bytes;
-  while (bytes.size() < kEnough) {
-    const std::size_t held = bytes.size();
-    bytes.resize(held + kPieceBytes);
-    const std::streamsize count = input.sgetn(bytes.data() + held, kPieceBytes);
-    bytes.resize(held + static_cast<std::size_t>(std::max<std::streamsize>(count, 0)));
-    if (count <= 0) break;
-  }
-  return bytes;
-}
-
 MapContents ReadBestRoad(std::streambuf& file, Feedback& feedback, std::string& errorText) {
   std::optional<MapContents> contents = ReadMap(file, Road::Streamed, feedback, errorText);
   if (!contents) contents = ReadMap(file, Road::Tree, feedback, errorText);
@@ -156,7 +142,7 @@ std::optional<MapContents> ReadMap(std::streambuf& file, Road road, Feedback& fe
 MapContents LoadMapFile(std::streambuf& file, Feedback& feedback, std::string& errorText) {
   try {
     if (CanSeek(file)) return ReadBestRoad(file, feedback, errorText);
-    std::stringbuf inMemory(ReadAll(file), std::ios_base::in);
+    std::stringbuf inMemory(ReadWholeInput(file), std::ios_base::in);
     return ReadBestRoad(inMemory, feedback, errorText);
   } catch (const std::bad_alloc&) {
     errorText += kNoMemoryLine;
