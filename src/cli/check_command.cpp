@@ -1,12 +1,13 @@
-#include <ostream>
 #include <sstream>
 
 #include "cli/command.h"
+#include "cli/one_standard_input.h"
 #include "cli/progress_bar.h"
 #include "cli/read_outcome.h"
 #include "map/control_escapes.h"
 #include "map/map_check.h"
 #include "map/map_limits.h"
+#include "map/whole_input.h"
 
 namespace quorvel {
 
@@ -18,8 +19,7 @@ void Check(FileSource& source, Feedback& feedback, const ProblemSink& report) {
     CheckFile(source, feedback, report);
     return;
   }
-  std::stringbuf inMemory;
-  std::ostream(&inMemory) << &source;
+  std::stringbuf inMemory(ReadWholeInput(source), std::ios_base::in);
   if (source.Error().empty()) CheckFile(inMemory, feedback, report);
 }
 
@@ -27,6 +27,7 @@ class CheckCommand : public Command {
  public:
   void Declare(CLI::App& app) override {
     app.add_option("FILE", files_, "Maps of either form, or definitions files")->required();
+    app.callback([this] { RequireOneStandardInput(files_); });
     app.footer(
         "One problem a line, with the number of the file's line where it can be named; silent when all is "
         "well.\n"

@@ -1,5 +1,6 @@
 #include "cli/command.h"
 #include "cli/map_file.h"
+#include "cli/one_standard_input.h"
 #include "map/map_diff.h"
 
 namespace quorvel {
@@ -11,6 +12,7 @@ class DiffCommand : public Command {
   void Declare(CLI::App& app) override {
     app.add_option("A", a_, "The first map")->required();
     app.add_option("B", b_, "The second map, in the same or the other form")->required();
+    app.callback([this] { RequireOneStandardInput({a_, b_}); });
     app.footer(
         "Values are compared by their bits; a cell that is not stored counts with its defaults.\n"
         "\n"

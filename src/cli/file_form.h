@@ -1,6 +1,6 @@
 #pragma once
 
-#include <map>
+#include <algorithm>
 #include <string>
 
 #include <CLI/CLI.hpp>
@@ -11,12 +11,14 @@ namespace quorvel {
 
 /// The option --form with the names of the file forms as its values. `form` must outlive `app`.
 inline CLI::Option* AddFormOption(CLI::App& app, int& form) {
-  std::map<std::string, int> forms;
-  for (std::size_t number = 0; number < kDataTypeNames.size(); ++number)
-    forms.emplace(kDataTypeNames[number], static_cast<int>(number));
-  return app.add_option("--form", form, "File form of OUT")
-      ->option_text("text|binary")
-      ->transform(CLI::Transformer(forms));
+  const auto parse = [&form](const std::string& name) {
+    const auto found = std::ranges::find(kDataTypeNames, name);
+    if (found == kDataTypeNames.end())
+      throw CLI::ValidationError("--form", name + " is no file form; there are text and binary");
+    form = static_cast<int>(found - kDataTypeNames.begin());
+  };
+  return app.add_option_function<std::string>("--form", parse, "File form of OUT")
+      ->option_text("text|binary");
 }
 
 }  // namespace quorvel

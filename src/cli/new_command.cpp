@@ -4,6 +4,7 @@
 #include "cli/command.h"
 #include "cli/file_form.h"
 #include "cli/new_map.h"
+#include "cli/one_standard_input.h"
 #include "cli/progress_bar.h"
 
 namespace quorvel {
@@ -59,6 +60,9 @@ class NewCommand : public Command {
         ->option_text("N");
     AddFormOption(app, form_);
     app.add_option("OUT", out_, "The map to write")->required();
+    app.callback([this] {
+      RequireOneStandardInput({request_.definitionsPath.value_or(""), request_.settingsPath.value_or("")});
+    });
     app.footer(
         "Without --settings the map is empty. What neither the options nor the settings file give is the\n"
         "editor's default definitions file, the definitions' default size, and the time as seed.\n"

@@ -8,6 +8,7 @@
 
 #include "cli/command.h"
 #include "cli/map_file.h"
+#include "cli/one_standard_input.h"
 #include "cli/progress_bar.h"
 #include "cli/tree_file.h"
 #include "map/fill_settings.h"
@@ -47,6 +48,11 @@ CellRange ParseCells(const std::string& text) {
   return {{numbers[0], numbers[1]}, {numbers[2], numbers[3]}};
 }
 
+/// The empty name stands for an option that was not given.
+std::string RequireName(const std::string& name) {
+  return name.empty() ? "the empty name is no index property" : "";
+}
+
 bool IsIndexMember(const ClassDef& cellClass, const std::string& name) {
   const MemberDef* member = cellClass.FindMember(name);
   return member != nullptr && member->GetKind() == MemberKind::Index;
@@ -81,9 +87,11 @@ class RenderCommand : public Command {
         ->option_text("S")
         ->check(CLI::Range(10.0F, 100.0F));
     app.add_option("--fill", request_.fillMember, "Index property that colours the cells")
-        ->option_text("NAME");
+        ->option_text("NAME")
+        ->check(&RequireName);
     app.add_option("--outline", request_.outlineMember, "Index property that colours their outlines")
-        ->option_text("NAME");
+        ->option_text("NAME")
+        ->check(&RequireName);
     app.add_flag_callback(
         "--no-labels", [this] { request_.labels = Labels::Hidden; }, "Draw no values into the cells");
     app.add_option_function<std::string>(
@@ -101,6 +109,7 @@ class RenderCommand : public Command {
            },
            "OUT.png or OUT.pdf")
         ->required();
+    app.callback([this] { RequireOneStandardInput({filterPath_, file_}); });
     app.footer(
         "Examples:\n"
         "  quorvel-map render --cell-size 20 --no-labels galaxy.vrl overview.png\n"

@@ -48,6 +48,18 @@ class CommandLine {
     return "quorvel-map " + (number < rows_.size() ? rows_[number]->get_name() + " " : "") + "--help";
   }
 
+  /// What is wrong with the arguments. Without a command the parser says no more than that.
+  std::string Trouble(const CLI::ParseError& error) const {
+    if (ChosenNumber() < rows_.size()) return error.what();
+    const std::vector<std::string> words = app_.remaining();
+    std::string trouble = words.empty()               ? "a command is missing"
+                          : words[0].starts_with('-') ? "there is no option " + words[0]
+                                                      : "there is no command " + words[0];
+    trouble += "; the commands are";
+    for (const CLI::App* row : rows_) trouble += (row == rows_.front() ? " " : ", ") + row->get_name();
+    return trouble;
+  }
+
   /// Help of the command that was named, or of the whole tool.
   std::string Help() const { return app_.help(); }
 
@@ -82,7 +94,7 @@ ExitCode RunCommandLine(Console& console, int argc, const char* const* argv) {
     console.Out().Write(line.Help());
     return ExitCode::Done;
   } catch (const CLI::ParseError& error) {
-    console.Complain(error.what());
+    console.Complain(line.Trouble(error));
     console.Complain("see " + line.HelpCommand());
     return ExitCode::Trouble;
   }

@@ -13,8 +13,6 @@ using testing::StartsWith;
 
 TEST(Usage, WrongArgumentsAreTroubleOnStandardError) {
   const std::vector<std::vector<std::string>> rows = {
-      {},
-      {"unknown"},
       {"--unknown"},
       {"new"},                             // no OUT
       {"new", "--size", "10", "out.vrl"},  // no height
@@ -27,7 +25,6 @@ TEST(Usage, WrongArgumentsAreTroubleOnStandardError) {
       {"new", "--seed", "4294967296", "out.vrl"},  // seeds have 32 bits
       {"new", "--seed", "-1", "out.vrl"},
       {"new", "--seed", "7a", "out.vrl"},
-      {"new", "--form", "xml", "out.vrl"},
       {"new", "--form", "Text", "out.vrl"},
       {"convert", "in.vrl", "out.vrl"},  // no form
       {"convert", "--form", "text", "in.vrl"},
@@ -46,6 +43,10 @@ TEST(Usage, WrongArgumentsAreTroubleOnStandardError) {
       {"dump", "in.vrl"},
       {"dump", "trees", "in.vrl"},
       {"dump", "tree"},
+      {"new", "--definitions", "-", "--settings", "-", "out.vrl"},
+      {"render", "--filter", "-", "-", "out.png"},
+      {"check", "-", "a.vrl", "-"},
+      {"render", "--outline", "", "in.vrl", "out.png"},
   };
   for (const auto& arguments : rows) {
     SCOPED_TRACE(testing::PrintToString(arguments));
@@ -53,6 +54,35 @@ TEST(Usage, WrongArgumentsAreTroubleOnStandardError) {
     EXPECT_EQ(run.code, 2);
     EXPECT_EQ(run.out, "");
     EXPECT_THAT(run.err, StartsWith("quorvel-map: "));
+  }
+}
+
+TEST(Usage, WrongArgumentsAreNamed) {
+  const struct {
+    std::vector<std::string> arguments;
+    const char* text;
+  } rows[] = {
+      {{}, "a command is missing; the commands are new, convert, rewrite, info, check, diff, render, dump\n"},
+      {{"draw", "a.vrl"}, "there is no command draw; the commands are new, convert"},
+      {{"new", "--form", "xml", "out.vrl"}, "xml is no file form; there are text and binary\n"},
+      {{"diff", "-", "-"}, "standard input can be read only once\n"},
+      {{"render", "--fill", "", "in.vrl", "out.png"}, "the empty name is no index property\n"},
+  };
+  for (const auto& row : rows) {
+    const ToolRun run = RunMapTool(row.arguments);
+    EXPECT_EQ(run.code, 2);
+    EXPECT_THAT(run.err, HasSubstr(row.text));
+  }
+}
+
+TEST(Usage, EndlessZerosAreNoMap) {
+  RunSettings small;
+  small.memoryBytes = std::size_t{512} << 20;
+  for (const std::vector<std::string>& arguments : {std::vector<std::string>{"info", "/dev/zero"},
+                                                    {"check", "/dev/zero"},
+                                                    {"dump", "defs", "/dev/zero"}}) {
+    SCOPED_TRACE(arguments[0]);
+    EXPECT_EQ(RunMapTool(arguments, small).code, 1);
   }
 }
 
