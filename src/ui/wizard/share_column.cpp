@@ -54,6 +54,8 @@ CShareSlider& ShareColumn::SliderNumber(std::size_t number) {
   if (number < pool_.size()) return *pool_[number];
   auto* slider = new CShareSlider(this);
   slider->setAccessibleName(tr("Share"));
+  slider->setBackgroundRole(QPalette::Base);  // seen on a selected row, too
+  slider->setAutoFillBackground(true);
   connect(slider, &CShareSlider::Moved, this, [this, number](int percent) {
     const CValueSetting* value = list_.Model().ValueAt(firstRow_ + static_cast<int>(number));
     if (value) list_.Model().SetShare(*value, static_cast<float>(percent));

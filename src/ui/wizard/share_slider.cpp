@@ -1,6 +1,7 @@
 #include "ui/wizard/share_slider.h"
 
 #include <QSignalBlocker>
+#include <QStyle>
 #include <QWheelEvent>
 
 #include "map/property_settings.h"
@@ -39,11 +40,17 @@ CShareButton::CShareButton(QWidget* parent) : QPushButton(tr("Select"), parent) 
   setCheckable(true);
   setAutoDefault(false);
   connect(this, &QPushButton::clicked, this, &CShareButton::StoreCoverage);
+  connect(this, &QPushButton::toggled, this, &CShareButton::ShowState);
 }
 
 void CShareButton::SetSetting(CPropertySetting* setting) {
   m_pSetting = setting;
   setChecked(setting && setting->GetCoverage() > 0.0F);
+}
+
+/// On dark desktops a button that is down hardly differs from one that is up.
+void CShareButton::ShowState(bool isChecked) {
+  setIcon(isChecked ? style()->standardIcon(QStyle::SP_DialogApplyButton) : QIcon());
 }
 
 void CShareButton::StoreCoverage(bool isChecked) {

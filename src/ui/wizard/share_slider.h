@@ -37,6 +37,7 @@ class CShareButton : public QPushButton {
 
  private:
   void StoreCoverage(bool isChecked);
+  void ShowState(bool isChecked);
 
   CPropertySetting* m_pSetting = nullptr;
 };
