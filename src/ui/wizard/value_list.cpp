@@ -12,7 +12,7 @@ namespace quorvel {
 
 ValueList::ValueList(ValueListModel& model, QWidget* parent) : QTreeView(parent), model_(model) {
   setModel(&model);
-  setItemDelegate(new LabelEditor(this));
+  setItemDelegate(new LabelEditor(*this));
   setRootIsDecorated(false);
   setUniformRowHeights(true);
   setItemsExpandable(false);
@@ -99,8 +99,9 @@ void ValueList::keyPressEvent(QKeyEvent* event) {
       break;
   }
   const QModelIndex before = currentIndex();
+  const int selectedBefore = FirstSelectedRow();
   QTreeView::keyPressEvent(event);
-  if (currentIndex() != before) emit Chosen();
+  if (currentIndex() != before || FirstSelectedRow() != selectedBefore) emit Chosen();
 }
 
 void ValueList::updateGeometries() {
