@@ -110,10 +110,13 @@ void CMapEditorApp::OnAppAbout() {
   dialog.exec();
 }
 
-/// Commands that were shown disabled while the application was busy come back.
+/// Commands that were shown disabled while the application was busy come back, and the map in front may have
+/// got its definitions meanwhile.
 void CMapEditorApp::EndBusy() {
   CWinApp::EndBusy();
-  if (mainFrame_ && !IsBusy() && mainFrame_->Actions().ShowsBusy()) mainFrame_->Actions().Refresh();
+  if (!mainFrame_ || IsBusy()) return;
+  if (mainFrame_->Actions().ShowsBusy()) mainFrame_->Actions().Refresh();
+  ShowActiveTool();
 }
 
 }  // namespace quorvel
