@@ -104,13 +104,20 @@ QRect PlaceOf(const ControlRow& row, const QWidget& control, const QWidget& pare
   return place;
 }
 
-/// A label with a key of its own leads to the control after it that takes the keyboard.
+/// "&Data Type:" names "Data Type".
+QString NameIn(const QLabel& label) {
+  return label.text().remove(u'&').remove(u':');
+}
+
+/// A label with a key of its own leads to the control after it that takes the keyboard. A list has its name
+/// from it; the other controls are called after their label anyway.
 void JoinLabel(QLabel*& label, const ControlRow& row, QWidget& control) {
   if (row.kind == ControlKind::Label) {
     if (std::string_view(row.text).find('&') != std::string_view::npos)
       label = static_cast<QLabel*>(&control);
   } else if (label && (control.focusPolicy() & Qt::TabFocus)) {
     label->setBuddy(&control);
+    if (IsList(row.kind)) control.setAccessibleName(NameIn(*label));
     label = nullptr;
   }
 }

@@ -1,15 +1,13 @@
 #include "ui/property_boxes.h"
 
-#include <cassert>
-
 #include <QComboBox>
-#include <QLineEdit>
 
 #include "map/member_editors.h"
 #include "map/paint_tool.h"
 #include "map/vastrel_doc.h"
 #include "render/display_text.h"
 #include "ui/tool_options_bar.h"
+#include "ui/value_edit.h"
 
 namespace quorvel {
 namespace {
@@ -20,41 +18,42 @@ constexpr int kGapPx = 2;
 }  // namespace
 
 void PropertyBoxes::Show(CVastrelDoc& document) {
-  if (document_ != &document || boxes_.size() != document.m_editors.size()) Build(document);
-  for (std::size_t place = 0; place < boxes_.size(); ++place) {
-    const MemberEditor* editor = EditorOf(*document.m_editors[place]);
-    boxes_[place]->setVisible(editor && editor->IsVisible());
-    boxes_[place]->setEnabled(bar_.MemberCombo().isEnabled());
-  }
+  if (document_ != &document) Clear();
+  document_ = &document;
+  QWidget* shown = document.m_pPaintMember ? BoxOf(document, *document.m_pPaintMember) : nullptr;
+  for (const auto& [id, box] : boxes_) box->setVisible(box == shown);
+  if (shown) shown->setEnabled(bar_.MemberCombo().isEnabled());
 }
 
 void PropertyBoxes::Clear() {
-  for (const QPointer<QWidget>& box : boxes_) delete box;
+  for (const auto& [id, box] : boxes_) delete box;
   boxes_.clear();
   document_ = nullptr;
 }
 
-void PropertyBoxes::Build(CVastrelDoc& document) {
-  Clear();
-  document_ = &document;
-  const QRect place = bar_.MemberCombo().geometry().translated(bar_.MemberCombo().width() + kGapPx, 0);
-  for (const MemberDef* member : document.m_editors) {
-    const MemberEditor* editor = EditorOf(*member);
-    assert(editor);
-    const auto* edit = dynamic_cast<const CMemberEdit*>(editor);
-    QWidget* box =
-        edit ? MakeEdit(document, *edit) : MakeCombo(document, static_cast<const CMemberCombo&>(*editor));
-    box->setObjectName(QString::number(editor->GetControlId()));
-    box->setAccessibleDescription(DisplayText(member->GetName()));
-    box->setGeometry(place);
-    box->hide();
-    boxes_.emplace_back(box);
-  }
+QWidget* PropertyBoxes::BoxOf(CVastrelDoc& document, const MemberDef& member) {
+  const MemberEditor* editor = EditorOf(member);
+  if (!editor) return nullptr;
+  QPointer<QWidget>& box = boxes_[editor->GetControlId()];
+  if (!box) box = MakeBox(document, member);
+  return box;
+}
+
+QWidget* PropertyBoxes::MakeBox(CVastrelDoc& document, const MemberDef& member) {
+  const MemberEditor& editor = *EditorOf(member);
+  const auto* edit = dynamic_cast<const CMemberEdit*>(&editor);
+  QWidget* box = edit ? MakeEdit(document, member, *edit)
+                      : MakeCombo(document, member, static_cast<const CMemberCombo&>(editor));
+  const QComboBox& combo = bar_.MemberCombo();
+  box->setObjectName(QString::number(editor.GetControlId()));
+  box->setGeometry(combo.geometry().translated(combo.width() + kGapPx, 0));
+  return box;
 }
 
 /// A text that the user leaves alone keeps its bytes.
-QWidget* PropertyBoxes::MakeEdit(CVastrelDoc& document, const CMemberEdit& editor) {
-  auto* box = new QLineEdit(DisplayText(editor.GetText()), &bar_.Controls());
+QWidget* PropertyBoxes::MakeEdit(CVastrelDoc& document, const MemberDef& member, const CMemberEdit& editor) {
+  auto* box = new ValueEdit(member.GetKind(), DisplayText(member.GetName()), &bar_.Controls());
+  box->setText(DisplayText(editor.GetText()));
   QObject::connect(box, &QLineEdit::textEdited, box,
                    [&document, id = editor.GetControlId()](const QString& text) {
                      auto* edited = dynamic_cast<CMemberEdit*>(FindEditor(document, id));
@@ -63,9 +62,13 @@ QWidget* PropertyBoxes::MakeEdit(CVastrelDoc& document, const CMemberEdit& edito
   return box;
 }
 
-QWidget* PropertyBoxes::MakeCombo(CVastrelDoc& document, const CMemberCombo& editor) {
+QWidget* PropertyBoxes::MakeCombo(CVastrelDoc& document, const MemberDef& member,
+                                  const CMemberCombo& editor) {
   auto* box = new QComboBox(&bar_.Controls());
-  for (const std::string& name : editor.GetNames()) box->addItem(DisplayText(name));
+  box->setAccessibleDescription(DisplayText(member.GetName()));
+  QStringList names;
+  for (const std::string& name : editor.GetNames()) names << DisplayText(name);
+  box->addItems(names);
   box->setCurrentIndex(editor.GetSelection());
   QObject::connect(box, &QComboBox::currentIndexChanged, box,
                    [&document, id = editor.GetControlId()](int chosen) {

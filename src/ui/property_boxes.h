@@ -1,6 +1,6 @@
 #pragma once
 
-#include <vector>
+#include <map>
 
 #include <QPointer>
 #include <QWidget>
@@ -9,13 +9,13 @@ namespace quorvel {
 
 class CMemberCombo;
 class CMemberEdit;
-class CVastrelDoc;
-class MemberEditor;
 class CToolOptionsBar;
+class CVastrelDoc;
+class MemberDef;
 
 /// The boxes in the tool options bar for a document's property editors: an edit box or a drop-down list for
-/// each, to the right of the combo box of members, made once and shown one at a time. What is typed or chosen
-/// goes into the editors, which keep it.
+/// each, to the right of the combo box of members, made when it is first shown and shown one at a time. What
+/// is typed or chosen goes into the editors, which keep it while another document is in front.
 class PropertyBoxes {
  public:
   explicit PropertyBoxes(CToolOptionsBar& bar) : bar_(bar) {}
@@ -23,19 +23,20 @@ class PropertyBoxes {
   PropertyBoxes(const PropertyBoxes&) = delete;
   PropertyBoxes& operator=(const PropertyBoxes&) = delete;
 
-  /// Shows the box of the member that the document paints; makes the document's boxes if another's are there.
+  /// Shows the box of the member that the document paints; another document's boxes go.
   void Show(CVastrelDoc& document);
   /// The document has gone, or another one is in front.
   void Clear();
 
  private:
-  void Build(CVastrelDoc& document);
-  QWidget* MakeEdit(CVastrelDoc& document, const CMemberEdit& editor);
-  QWidget* MakeCombo(CVastrelDoc& document, const CMemberCombo& editor);
+  QWidget* BoxOf(CVastrelDoc& document, const MemberDef& member);
+  QWidget* MakeBox(CVastrelDoc& document, const MemberDef& member);
+  QWidget* MakeEdit(CVastrelDoc& document, const MemberDef& member, const CMemberEdit& editor);
+  QWidget* MakeCombo(CVastrelDoc& document, const MemberDef& member, const CMemberCombo& editor);
 
   CToolOptionsBar& bar_;
   const CVastrelDoc* document_ = nullptr;
-  std::vector<QPointer<QWidget>> boxes_;  // as the document's m_editors
+  std::map<int, QPointer<QWidget>> boxes_;  ///< by the editor's control number
 };
 
 }  // namespace quorvel

@@ -1,6 +1,5 @@
 #include "ui/value_edit.h"
 
-#include <QLocale>
 #include <QPalette>
 
 #include "data/c_numbers.h"
@@ -13,32 +12,44 @@ const QColor kWrongOnDark(0xff, 0x8a, 0x80);
 
 bool IsValueOf(MemberKind kind, const QString& text) {
   bool isNumber = true;
-  if (kind == MemberKind::Int) QLocale::c().toInt(text, &isNumber);
-  if (kind == MemberKind::Float) QLocale::c().toFloat(text, &isNumber);
+  if (kind == MemberKind::Int) text.toInt(&isNumber);
+  if (kind == MemberKind::Float) text.toFloat(&isNumber);
   return isNumber;
 }
 
 /// The number that the start of a text stands for.
 QString TakenFor(MemberKind kind, const QString& text) {
   const std::string bytes = text.toStdString();
-  return kind == MemberKind::Int ? QString::number(ToInt(bytes)) : QString::number(ToDouble(bytes));
+  return kind == MemberKind::Int ? QString::number(ToInt(bytes)) : QString::number(ToFloat(bytes));
+}
+
+QString TroubleWith(MemberKind kind, const QString& text) {
+  if (IsValueOf(kind, text)) return {};
+  return ValueEdit::tr("No number: taken for %1").arg(TakenFor(kind, text));
 }
 
 }  // namespace
 
-ValueEdit::ValueEdit(MemberKind kind, QWidget* parent) : QLineEdit(parent), kind_(kind) {
-  connect(this, &QLineEdit::textChanged, this, &ValueEdit::MarkText);
+ValueEdit::ValueEdit(MemberKind kind, const QString& description, QWidget* parent)
+    : QLineEdit(parent), kind_(kind), description_(description) {
+  setAccessibleDescription(description);
+  connect(this, &QLineEdit::textChanged, this,
+          [this](const QString& text) { Mark(TroubleWith(kind_, text)); });
 }
 
-void ValueEdit::MarkText(const QString& text) {
-  const bool isValue = IsValueOf(kind_, text);
+/// Colour alone does not reach everybody, so the text is underlined too.
+void ValueEdit::Mark(const QString& trouble) {
   QPalette colours;
-  if (!isValue) {
+  QFont letters;
+  if (!trouble.isEmpty()) {
     const bool isDark = palette().color(QPalette::Base).lightness() < 128;
     colours.setColor(QPalette::Text, isDark ? kWrongOnDark : kWrongOnLight);
+    letters.setUnderline(true);
   }
   setPalette(colours);
-  setToolTip(isValue ? QString() : tr("No number: taken for %1").arg(TakenFor(kind_, text)));
+  setFont(letters);
+  setToolTip(trouble);
+  setAccessibleDescription(trouble.isEmpty() ? description_ : description_ + QStringLiteral(": ") + trouble);
 }
 
 }  // namespace quorvel

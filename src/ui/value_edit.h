@@ -7,17 +7,19 @@
 namespace quorvel {
 
 /// A text box for a value of one kind of member. What is typed and is no such number is marked while it
-/// stands there, and a description says what it will be taken for.
+/// stands there, and a tooltip says what it will be taken for.
 class ValueEdit : public QLineEdit {
   Q_OBJECT
 
  public:
-  ValueEdit(MemberKind kind, QWidget* parent);
+  /// A screen reader hears `description`, and after it the trouble with a text that is marked.
+  ValueEdit(MemberKind kind, const QString& description, QWidget* parent);
 
  private:
-  void MarkText(const QString& text);
+  void Mark(const QString& trouble);
 
   const MemberKind kind_;
+  const QString description_;
 };
 
 }  // namespace quorvel

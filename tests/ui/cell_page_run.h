@@ -1,8 +1,11 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
+#include <QAbstractItemView>
+#include <QComboBox>
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QTreeWidget>
@@ -11,6 +14,7 @@
 #include "tests/ui/modal_script.h"
 #include "tests/ui/planet_class.h"
 #include "ui/resources/wizard_templates.h"
+#include "ui/value_edit.h"
 #include "ui/wizard/cell_properties_page.h"
 #include "ui/wizard/map_wizard.h"
 #include "ui/wizard/origin_picker.h"
@@ -19,18 +23,12 @@
 
 namespace quorvel {
 
-/// A cell page in a wizard of its own, driven by keys and mouse.
-class CellPageRun {
+/// Drives a cell page by keys and mouse.
+class CellPageDriver {
  public:
-  explicit CellPageRun(SettingsMode mode) : page(mode) { page.SetCellClass(&planets.cell); }
-
-  int Run(std::function<void()> steps) {
-    CMapWizard wizard;
-    wizard.AddPage(page);
-    WhenModal([steps = std::move(steps)](QDialog&) { steps(); });
-    return wizard.DoModal();
-  }
-  void Finish() { Press(*page.window(), ID_WIZFINISH); }
+  explicit CellPageDriver(CWizCellProperties& driven) : page(driven) {}
+  /// The page that a wizard shows.
+  explicit CellPageDriver(QDialog& wizard) : page(ShownPage(wizard)) {}
 
   QTreeWidget& Properties() { return *FindControl<QTreeWidget>(page, IDC_PROPERTIES); }
   ValueList& Values() { return *FindControl<ValueList>(page, IDC_VALUES); }
@@ -59,7 +57,13 @@ class CellPageRun {
     QTest::mouseDClick(Values().viewport(), Qt::LeftButton, {}, ValuePoint(row));
     QApplication::processEvents();
   }
-  QLineEdit* Editor() { return Values().viewport()->findChild<QLineEdit*>(); }
+  /// Chooses a name in the list that is open over a value.
+  void ChooseName(int position) {
+    auto* names = FindControl<QComboBox>(page, IDC_NAME_LIST);
+    PressKey(*names->view(), Qt::Key_Down, position);
+    PressKey(*names->view(), Qt::Key_Return);
+  }
+  QLineEdit* Editor() { return page.findChild<ValueEdit*>(); }
 
   std::string Text(int row, int column) {
     return Values().Model().index(row, column).data().toString().toStdString();
@@ -75,10 +79,13 @@ class CellPageRun {
     return Values().Model().headerData(column, Qt::Horizontal, Qt::DisplayRole).toString().toStdString();
   }
 
-  PlanetClass planets;
-  CWizCellProperties page;
+  CWizCellProperties& page;
 
  private:
+  static CWizCellProperties& ShownPage(QDialog& wizard) {
+    const auto pages = wizard.findChildren<CWizCellProperties*>();
+    return **std::ranges::find_if(pages, &QWidget::isVisible);
+  }
   QPoint ValuePoint(int row) {
     const QRect cell = Values().visualRect(Values().Model().index(row, ValueListModel::kValue));
     return {cell.left() + 5, cell.center().y()};
@@ -90,6 +97,27 @@ class CellPageRun {
     }
     return sliders;
   }
+};
+
+/// A cell page in a wizard of its own, for a class with a member of each kind.
+class CellPageRun : public CellPageDriver {
+ public:
+  explicit CellPageRun(SettingsMode mode) : CellPageDriver(own_), own_(mode) {
+    own_.SetCellClass(&planets.cell);
+  }
+
+  int Run(std::function<void()> steps) {
+    CMapWizard wizard;
+    wizard.AddPage(page);
+    WhenModal([steps = std::move(steps)](QDialog&) { steps(); });
+    return wizard.DoModal();
+  }
+  void Finish() { Press(*page.window(), ID_WIZFINISH); }
+
+  PlanetClass planets;
+
+ private:
+  CWizCellProperties own_;
 };
 
 }  // namespace quorvel

@@ -210,18 +210,27 @@ TEST(CellPropertiesPage, EditsTextsInPlace) {
                       {"no int", Planet::kCount, "abc", Qt::Key_Tab, "0"},
                       {"float", Planet::kDensity, "0.25", Qt::Key_Return, "0.250000"},
                       {"Esc stores too", Planet::kCount, "9", Qt::Key_Escape, "9"}};
+  const std::pair<const char*, std::function<void(CellPageRun&)>> ways[] = {
+      {"F2", [](CellPageRun& run) { QTest::keyClick(&run.Values(), Qt::Key_F2); }},
+      {"double click", [](CellPageRun& run) { run.DoubleClickValue(0); }},
+      {"slow click",
+       [](CellPageRun& run) {
+         QApplication::setDoubleClickInterval(1);
+         for (int click = 0; click < 2; ++click) {
+           run.ClickValue(0);
+           QTest::qWait(20);
+         }
+       }},
+  };
+  const int usualInterval = QApplication::doubleClickInterval();
   for (const Row& row : rows) {
-    for (const bool byKey : {false, true}) {
-      SCOPED_TRACE(std::string(row.what) + (byKey ? " by F2" : " by double click"));
+    for (const auto& [way, open] : ways) {
+      SCOPED_TRACE(std::string(row.what) + " by " + way);
       CellPageRun run(Global);
-      run.Run([&] {
+      run.Run([&, &openEditor = open] {
         run.Choose(row.property);
         run.Add();
-        if (byKey) {
-          QTest::keyClick(&run.Values(), Qt::Key_F2);
-        } else {
-          run.DoubleClickValue(0);
-        }
+        openEditor(run);
         ASSERT_TRUE(run.Editor());
         EXPECT_EQ(run.Editor()->text().toStdString(), run.Text(0, 0));
         run.Editor()->selectAll();
@@ -230,6 +239,7 @@ TEST(CellPropertiesPage, EditsTextsInPlace) {
         EXPECT_EQ(run.Text(0, 0), row.stored);
         EXPECT_TRUE(run.page.window()->isVisible()) << "the key ends the editing only";
       });
+      QApplication::setDoubleClickInterval(usualInterval);
     }
   }
 }
@@ -352,6 +362,13 @@ TEST(CellPropertiesPage, PickerMovesTheCurrentValue) {
     QTest::keyClick(&run.Picker(), Qt::Key_Up, Qt::ShiftModifier);
     EXPECT_EQ(second->GetOriginX(), 51.0F) << "a row selected by key is current as a clicked one is";
     EXPECT_EQ(second->GetOriginY(), 40.0F);
+
+    run.ClickValue(0);
+    run.ClickValue(1, Qt::ControlModifier);
+    QTest::keyClick(&run.Values(), Qt::Key_Delete);
+    EXPECT_FALSE(run.Picker().CurrentValue());
+    QTest::keyClick(&run.Values(), Qt::Key_Space);
+    EXPECT_EQ(run.Picker().CurrentValue(), third) << "the only row left can be chosen by key";
   });
 }
 
@@ -429,12 +446,14 @@ TEST(CellPropertiesPage, AScreenReaderFindsEverything) {
     };
     EXPECT_EQ(named(QAccessible::Tree), QStringList({"Available Properties", "Property Values"}));
     EXPECT_EQ(named(QAccessible::Slider), QStringList({"Coverage"}));
-    EXPECT_EQ(run.Picker().accessibleName(), "Origin");
+    EXPECT_EQ(named(QAccessible::Canvas), QStringList({"Origin"}));
     EXPECT_EQ(run.Picker().accessibleDescription(), "50 % from the left, 50 % from the top");
     EXPECT_TRUE(named(QAccessible::CheckBox).contains("Set Origin") ||
                 named(QAccessible::Button).contains("Set Origin"));
     Press(run.page, IDC_SET_ORIGIN);
     EXPECT_EQ(named(QAccessible::Slider), QStringList({"Coverage", "Share", "Share"}));
+    QTest::keyClick(&run.Values(), Qt::Key_F2);
+    EXPECT_EQ(named(QAccessible::EditableText), QStringList({"Name"}));
   });
 }
 

@@ -1,6 +1,7 @@
 #include "tests/ui/editor.h"
 
 #include <QLabel>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <fmt/format.h>
 
@@ -33,6 +34,11 @@ type="items"
 [Classes/Star/UI/Color]
 0=0x8C8C8C
 1=0xE0705A
+[Classes/Outpost]
+type="class"
+[Classes/Outpost/Crew]
+type="int"
+range="0<4<99"
 [Classes/Cell]
 type="class"
 [Classes/Cell/n]
@@ -47,6 +53,12 @@ range="Empire"
 [Classes/Cell/star]
 type="index"
 range="Star"
+[Classes/Cell/heat]
+type="float"
+range="0<1.5<9"
+[Classes/Cell/post]
+type="object"
+range="Outpost"
 )";
 
 void SendMouse(QWidget& widget, QEvent::Type type, QPoint place, Qt::MouseButton button,
@@ -57,6 +69,19 @@ void SendMouse(QWidget& widget, QEvent::Type type, QPoint place, Qt::MouseButton
 
 }  // namespace
 
+std::string FileText(std::string text) {
+  for (std::size_t end = text.find('\n'); end != text.npos; end = text.find('\n', end + 2))
+    text.insert(end, 1, '\r');
+  return text;
+}
+
+void NameFile(QDialog& dialog, const std::string& path) {
+  auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
+  ASSERT_TRUE(name) << "no file dialog: " << dialog.windowTitle().toStdString();
+  name->setText(QString::fromStdString(path));
+  QTest::keyClick(name, Qt::Key_Return);
+}
+
 std::string Editor::MapText(int width, int height) {
   std::string text = kDefinitions;
   text += fmt::format("[Objects/Galaxy]\nWidth={}\nHeight={}\n", width, height);
@@ -64,10 +89,24 @@ std::string Editor::MapText(int width, int height) {
     text += fmt::format("[Objects/Galaxy/Cells/{}]\nv={}\nowner={}\nstar={}\n", index, index, index % 2,
                         index % 3 % 2);
   }
-  for (std::size_t end = text.find('\n'); end != text.npos; end = text.find('\n', end + 2)) {
-    text.insert(end, 1, '\r');
-  }
-  return text;
+  return FileText(std::move(text));
+}
+
+Services Editor::ServicesFor(Answers answers) {
+  const bool inWindows = answers == Answers::InWindows;
+  return {inWindows ? static_cast<Prompts&>(windowPrompts) : prompts,
+          feedback,
+          inWindows ? static_cast<MapDialogs&>(windowDialogs) : dialogs,
+          toolOptions,
+          settings,
+          clock,
+          {},
+          folder / "fills"};
+}
+
+void Editor::GiveDefinitions(const std::string& text) {
+  settings.Set(std::string(kApplicationKey) + "\\Definitions", "DefaultFile",
+               folder.Write("Definitions.txt", FileText(text)));
 }
 
 QString Editor::Pane(int id) {

@@ -4,15 +4,18 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QTest>
 #include <gtest/gtest.h>
 
 #include "map/vastrel_doc.h"
 #include "tests/platform/scripted_prompts.h"
 #include "tests/platform/temp_folder.h"
+#include "ui/dialogs/map_dialogs.h"
 #include "ui/map_editor_app.h"
 #include "ui/map_frame.h"
 #include "ui/map_view.h"
+#include "ui/qt_prompts.h"
 #include "ui/resources/command_ids.h"
 
 namespace quorvel {
@@ -34,17 +37,28 @@ class KeepingMapDialogs : public MapDialogs {
   }
 };
 
-/// The whole editor off screen, with scripted prompts, settings in memory and a folder of its own for the
-/// user's data. Without a folder for journals nothing is kept safe from a crash.
+/// A new map's seed, and the time at which its settings are kept.
+class FixedClock : public Clock {
+ public:
+  std::int64_t Seconds() const override { return 4711; }
+};
+
+/// Who answers the editor's questions: the fixture's scripts, or dialogs as windows, to be driven by
+/// WhenModal.
+enum class Answers { FromScripts, InWindows };
+
+/// The whole editor off screen, with settings in memory and a folder of its own for the user's data. Without
+/// a folder for journals nothing is kept safe from a crash.
 class Editor {
  public:
   explicit Editor(const CCommandLineInfo& commandLine = {}, const std::string& journalsFolder = {},
-                  std::deque<Answer> answers = {}) {
+                  std::deque<Answer> answers = {})
+      : services(ServicesFor(Answers::FromScripts)) {
     services.journalsFolder = journalsFolder;
     prompts.answers = std::move(answers);
-    qputenv("XDG_DATA_HOME", (folder / "data").c_str());
-    started = app.InitInstance(commandLine);
+    Start(commandLine);
   }
+  explicit Editor(Answers answers) : services(ServicesFor(answers)) { Start({}); }
   ~Editor() {
     for (const auto& document : app.Documents()) document->SetModifiedFlag(false);
     app.CloseAllDocuments();
@@ -54,8 +68,11 @@ class Editor {
   /// Lets everything happen that is due, frames of the map views included.
   void Settle() { QTest::qWait(40); }
 
-  /// A map file with the members n (string), v (int), owner and star (index); every cell has a record, whose
-  /// number is in v, in the folder.
+  /// The default definitions: a file of its own with this text.
+  void GiveDefinitions(const std::string& text);
+
+  /// A map file in the folder with the members n (string), v (int), owner and star (index), heat (float) and
+  /// post (object); every cell has a record, whose number is in v.
   std::string WriteMap(const std::string& name, int width, int height) {
     return folder.Write(name, MapText(width, height));
   }
@@ -85,18 +102,31 @@ class Editor {
 
   TempFolder folder;
   ScriptedPrompts prompts;
+  QtPrompts windowPrompts;
   QtFeedback feedback;
   KeepingMapDialogs dialogs;
+  WindowMapDialogs windowDialogs{nullptr};
   QtToolOptions toolOptions;
   SettingsStore settings{SettingsPlaces{}};
-  SystemClock clock;
-  Services services{prompts, feedback, dialogs, toolOptions, settings, clock, {}};
+  FixedClock clock;
+  Services services;
   QtFrameHost frames;
   CMapEditorApp app{services, {feedback, toolOptions, frames}};
   bool started = false;
 
  private:
   static std::string MapText(int width, int height);
+  Services ServicesFor(Answers answers);
+  void Start(const CCommandLineInfo& commandLine) {
+    qputenv("XDG_DATA_HOME", (folder / "data").c_str());
+    started = app.InitInstance(commandLine);
+  }
 };
+
+/// A text with the line ends of a file.
+std::string FileText(std::string text);
+
+/// Names a file in a file dialog and leaves it.
+void NameFile(QDialog& dialog, const std::string& path);
 
 }  // namespace quorvel

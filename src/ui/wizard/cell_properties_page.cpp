@@ -95,7 +95,7 @@ void CWizCellProperties::OnInitDialog() {
   m_pCoverageSlider = new CShareSlider(this);
   m_pCoverageButton = new CShareButton(this);
   m_pShares = new ShareColumn(*m_pValueList, this);
-  NameControls();
+  m_pCoverageSlider->setAccessibleName(tr("Coverage"));
   ConnectControls();
   OrderTabs();
   for (QWidget* control :
@@ -113,12 +113,6 @@ void CWizCellProperties::OnInitDialog() {
     m_pPropertyList->setCurrentItem(m_pPropertyList->topLevelItem(0));
 }
 
-void CWizCellProperties::NameControls() {
-  m_pPropertyList->setAccessibleName(tr("Available Properties"));
-  m_pValueList->setAccessibleName(tr("Property Values"));
-  m_pCoverageSlider->setAccessibleName(tr("Coverage"));
-}
-
 void CWizCellProperties::ConnectControls() {
   connect(m_pPropertyList, &QTreeWidget::currentItemChanged, this, &CWizCellProperties::SelectProperty);
   connect(m_pPropertyList, &QTreeWidget::itemDoubleClicked, this, &CWizCellProperties::AddValue);
@@ -128,7 +122,10 @@ void CWizCellProperties::ConnectControls() {
           &CWizCellProperties::RemoveSelectedValues);
   connect(m_pValueList, &ValueList::DeletePressed, this, &CWizCellProperties::RemoveSelectedValues);
   connect(m_pValueList, &ValueList::F2Pressed, this, [this] { BeginLabelEdit(m_nValue); });
-  connect(m_pValueList, &ValueList::LabelEditAsked, this, &CWizCellProperties::BeginLabelEdit);
+  connect(m_pValueList, &ValueList::LabelEditAsked, this, [this](int row) {
+    PickValue(row);
+    BeginLabelEdit(row);
+  });
   connect(m_pValueList, &ValueList::Chosen, this, &CWizCellProperties::ChooseValue);
   connect(m_pValueList, &ValueList::DoubleClicked, this, &CWizCellProperties::EditValue);
   connect(m_pValueList, &ValueList::PlacesChanged, this, &CWizCellProperties::PlaceOverlays);
@@ -269,6 +266,7 @@ void CWizCellProperties::BeginLabelEdit(int row) {
       m_pValueList->EditLabel(row);
       break;
     case MemberKind::Index:
+      m_pNameList->setAccessibleDescription(DisplayText(member.GetName()));
       m_pNameList->Open(ItemNames(member), m_pValueList->CellPlace(row, ValueListModel::kValue));
       break;
     case MemberKind::Object:

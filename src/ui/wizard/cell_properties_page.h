@@ -45,7 +45,6 @@ class CWizCellProperties : public CPropertyPage {
   void OnInitDialog() override;
 
  private:
-  void NameControls();
   void ConnectControls();
   void BuildSettingList();
   void FillPropertyList();

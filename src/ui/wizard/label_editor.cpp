@@ -3,8 +3,9 @@
 #include <QKeyEvent>
 
 #include "map/property_settings.h"
+#include "render/display_text.h"
 #include "ui/value_edit.h"
-#include "ui/wizard/value_list_model.h"
+#include "ui/wizard/value_list.h"
 
 namespace quorvel {
 namespace {
@@ -25,14 +26,20 @@ bool EndsEditing(const QEvent& event) {
 
 }  // namespace
 
-LabelEditor::LabelEditor(QWidget* list) : RoomyRows(list) {}
+LabelEditor::LabelEditor(ValueList& list) : RoomyRows(&list), list_(list) {}
 
-QWidget* LabelEditor::createEditor(QWidget* parent, const QStyleOptionViewItem&,
-                                   const QModelIndex& index) const {
-  const auto* values = qobject_cast<const ValueListModel*>(index.model());
-  auto* editor = new ValueEdit(values->Setting()->GetMember()->GetKind(), parent);
-  editor->setAccessibleName(index.model()->headerData(index.column(), Qt::Horizontal).toString());
+QWidget* LabelEditor::createEditor(QWidget*, const QStyleOptionViewItem&, const QModelIndex& index) const {
+  const MemberDef& member = *list_.Model().Setting()->GetMember();
+  auto* editor = new ValueEdit(member.GetKind(), DisplayText(member.GetName()), list_.parentWidget());
+  editor->setAccessibleName(
+      list_.Model().headerData(index.column(), Qt::Horizontal, Qt::DisplayRole).toString());
   return editor;
+}
+
+/// Over the cell as far as that is seen.
+void LabelEditor::updateEditorGeometry(QWidget* editor, const QStyleOptionViewItem&,
+                                       const QModelIndex& index) const {
+  editor->setGeometry(list_.CellPlace(index.row(), index.column()) & list_.ColumnPlace(index.column()));
 }
 
 bool LabelEditor::eventFilter(QObject* object, QEvent* event) {

@@ -1,5 +1,6 @@
 #include "ui/wizard/origin_picker.h"
 
+#include <QAccessibleWidget>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPainter>
@@ -30,9 +31,16 @@ void DrawCross(QPainter& painter, const QPoint& at) {
   painter.drawLine(at.x(), at.y() - kMarkRadius, at.x(), at.y() + kMarkRadius);
 }
 
+/// A screen reader passes over a widget without a role.
+QAccessibleInterface* MakeAccessible(const QString&, QObject* object) {
+  auto* picker = qobject_cast<COriginPicker*>(object);
+  return picker ? new QAccessibleWidget(picker, QAccessible::Canvas) : nullptr;
+}
+
 }  // namespace
 
 COriginPicker::COriginPicker(QWidget* parent) : QWidget(parent) {
+  QAccessible::installFactory(&MakeAccessible);
   setFocusPolicy(Qt::StrongFocus);
   setAccessibleName(tr("Origin"));
 }
