@@ -4,10 +4,9 @@
 #include <cmath>
 
 #include <QCursor>
-#include <QKeyEvent>
-#include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 
 #include "map/cell_label.h"
@@ -25,10 +24,6 @@
 
 namespace quorvel {
 namespace {
-
-constexpr float kMinCellSizePx = 10;
-constexpr float kMaxCellSizePx = 100;
-constexpr float kZoomStepPx = 10;
 
 /// Changed cells are drawn together, once a frame of a usual screen.
 constexpr int kFrameMs = 16;
@@ -51,6 +46,7 @@ CMapView::CMapView(const CWinApp& application, MapPrinting& printing)
   setAccessibleName(tr("Map view"));
   viewport()->setAccessibleName(tr("Map"));
   viewport()->setMouseTracking(true);
+  viewport()->grabGesture(Qt::PinchGesture);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
   setFrameShape(QFrame::NoFrame);
@@ -65,6 +61,10 @@ CMapView::~CMapView() = default;
 
 CVastrelDoc* CMapView::Document() const {
   return static_cast<CVastrelDoc*>(GetDocument());
+}
+
+bool CMapView::HasGrid() const {
+  return Document() && Document()->m_pGrid;
 }
 
 /// The page size is that of one cell, as the line size; the thumb still shows how much of the map is in
@@ -112,10 +112,9 @@ void CMapView::SetCellSize(float cellSizePx) {
 }
 
 void CMapView::SetScrollSizes() {
-  const CVastrelDoc* document = Document();
-  const bool hasGrid = document && document->m_pGrid;
+  const bool hasGrid = HasGrid();
   const CellMetrics metrics = CellMetrics::At(m_fCellSize);
-  const MapRect extent = hasGrid ? MapExtent(*document->m_pGrid, m_fCellSize) : kEmptyExtent;
+  const MapRect extent = hasGrid ? MapExtent(*Document()->m_pGrid, m_fCellSize) : kEmptyExtent;
   const QSize shown = viewport()->size();
 
   const auto setRange = [](QScrollBar& bar, std::int64_t total, int page, int step) {
@@ -128,13 +127,31 @@ void CMapView::SetScrollSizes() {
 }
 
 void CMapView::OnZoomIn() {
-  if (m_fCellSize < kMaxCellSizePx) SetCellSize(m_fCellSize + kZoomStepPx);
-  UpdateCurrentCell();
+  Zoom(1);
 }
 
 void CMapView::OnZoomOut() {
-  if (m_fCellSize > kMinCellSizePx) SetCellSize(m_fCellSize - kZoomStepPx);
+  Zoom(-1);
+}
+
+void CMapView::Zoom(int steps) {
+  const float cellSizePx = ZoomedCellSize(m_fCellSize, steps);
+  if (cellSizePx != m_fCellSize) SetCellSize(cellSizePx);
   UpdateCurrentCell();
+}
+
+void CMapView::ZoomAt(QPoint pointer, int steps) {
+  const float cellSizePx = ZoomedCellSize(m_fCellSize, steps);
+  if (cellSizePx == m_fCellSize) return;
+  if (HasGrid()) {
+    const QPoint position = ScrolledThroughZoom(*Document()->m_pGrid, Place(), pointer, cellSizePx);
+    const QScopedValueRollback<bool> moving(isMovingItself_, true);
+    SetCellSize(cellSizePx);
+    ScrollToPosition(position);
+  } else {
+    SetCellSize(cellSizePx);
+  }
+  TakeCellUnder(pointer);
 }
 
 void CMapView::OnFilePrint() {
@@ -155,21 +172,20 @@ void CMapView::ScrollToPosition(QPoint position) {
 }
 
 CellCoord CMapView::CellAt(QPoint viewportPoint) const {
-  const CVastrelDoc* document = Document();
-  if (!document || !document->m_pGrid) return {0, 0};
+  if (!HasGrid()) return {0, 0};
   const QPoint point = viewportPoint + ScrollPosition();
-  return document->m_pGrid->HitTest(m_fCellSize, point.x(), point.y());
+  return Document()->m_pGrid->HitTest(m_fCellSize, point.x(), point.y());
+}
+
+bool CMapView::TakeCellUnder(QPoint viewportPoint) {
+  if (!Document()) return false;
+  const CellCoord cell = CellAt(viewportPoint);
+  return SetCurrentCell(*Document(), &cell);
 }
 
 void CMapView::UpdateCurrentCell() {
-  CVastrelDoc* document = Document();
-  if (!document) return;
-  const CellCoord cell = CellAt(viewport()->mapFromGlobal(QCursor::pos()));
-  SetCurrentCell(*document, &cell);
+  TakeCellUnder(viewport()->mapFromGlobal(QCursor::pos()));
 }
-
-// --- Drawing
-// ---------------------------------------------------------------------------------------------------------
 
 MapLook CMapView::Look() {
   MapLook look;
@@ -220,9 +236,8 @@ void CMapView::DescribeCurrentCell() {
 
 /// Draws the cells that changed; what was drawn reaches the screen with the next paint event.
 void CMapView::ShowTouchedCells() {
-  const CVastrelDoc* document = Document();
-  if (!document || !document->m_pGrid || isLookStale_) return;
-  for (const QRect& drawn : picture_.Refresh(*document)) viewport()->update(InViewport(drawn));
+  if (!HasGrid() || isLookStale_) return;
+  for (const QRect& drawn : picture_.Refresh(*Document())) viewport()->update(InViewport(drawn));
 }
 
 QRect CMapView::InViewport(const QRect& pictureRect) const {
@@ -245,13 +260,12 @@ void CMapView::FitPicture() {
 
 void CMapView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
-  const CVastrelDoc* document = Document();
-  if (!document || !document->m_pGrid) {
+  if (!HasGrid()) {
     painter.fillRect(event->rect(), palette().base());
     return;
   }
   FitPicture();
-  for (const QRect& drawn : picture_.Refresh(*document)) {
+  for (const QRect& drawn : picture_.Refresh(*Document())) {
     if (!event->rect().contains(InViewport(drawn))) viewport()->update(InViewport(drawn));
   }
   const double ratio = picture_.Look().pixelRatio;
@@ -267,70 +281,12 @@ void CMapView::resizeEvent(QResizeEvent*) {
 
 void CMapView::scrollContentsBy(int, int) {
   viewport()->update();
-  UpdateCurrentCell();
+  if (!isMovingItself_) UpdateCurrentCell();
 }
 
 void CMapView::changeEvent(QEvent* event) {
   QAbstractScrollArea::changeEvent(event);
   if (event->type() == QEvent::PaletteChange) InvalidateAll();
-}
-
-// --- Input
-// -----------------------------------------------------------------------------------------------------------
-
-void CMapView::mouseMoveEvent(QMouseEvent* event) {
-  CVastrelDoc* document = Document();
-  if (!document) return;
-  const CellCoord cell = CellAt(event->position().toPoint());
-  if (SetCurrentCell(*document, &cell) && m_bButtonDown) UseTool(ToolPhase::Moved);
-}
-
-void CMapView::UseTool(ToolPhase phase) {
-  if (!application_.IsBusy()) ApplyTool(*Document(), phase);
-}
-
-void CMapView::mousePressEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton || !Document()) return;
-  m_bButtonDown = true;
-  UseTool(ToolPhase::Pressed);
-}
-
-void CMapView::mouseReleaseEvent(QMouseEvent* event) {
-  if (event->button() != Qt::LeftButton || !Document()) return;
-  m_bButtonDown = false;
-  UseTool(ToolPhase::Released);
-}
-
-void CMapView::keyPressEvent(QKeyEvent* event) {
-  if (OnArrowKey(event->key())) return;
-  for (const QChar character : event->text()) OnChar(character);
-  QAbstractScrollArea::keyPressEvent(event);
-}
-
-bool CMapView::OnArrowKey(int key) {
-  const bool isArrow =
-      key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
-  if (!isArrow || !Document() || !Document()->m_pGrid) return false;
-  const CellMetrics metrics = CellMetrics::At(m_fCellSize);
-  const int dx = (key == Qt::Key_Right) - (key == Qt::Key_Left);
-  const int dy = (key == Qt::Key_Down) - (key == Qt::Key_Up);
-  ScrollToPosition(ScrollPosition() + QPoint(metrics.columnStep * dx, metrics.height * dy));
-  UpdateCurrentCell();
-  return true;
-}
-
-/// "[" and "]" step the member that fills the cells, "{" and "}" the one that outlines them.
-void CMapView::OnChar(QChar character) {
-  CVastrelDoc* document = Document();
-  const bool stepsFill = character == u'[' || character == u']';
-  const bool stepsOutline = character == u'{' || character == u'}';
-  if (!document || (!stepsFill && !stepsOutline)) return;
-  const int step = character == u'[' || character == u'{' ? -1 : 1;
-  std::string& name = stepsFill ? m_strFillMember : m_strOutlineMember;
-  const MemberDef* member = SelectIndexMember(document->m_pCellClass, name, step);
-  if (!member) return;
-  ShowCellText(*document, name);
-  InvalidateAll();
 }
 
 }  // namespace quorvel

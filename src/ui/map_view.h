@@ -1,7 +1,7 @@
 #pragma once
 
+#include <optional>
 #include <string>
-#include <vector>
 
 #include <QAbstractScrollArea>
 #include <QTimer>
@@ -10,6 +10,11 @@
 #include "platform/view.h"
 #include "ui/command_target.h"
 #include "ui/map_picture.h"
+#include "ui/scroll_place.h"
+#include "ui/zoom_steps.h"
+
+class QGestureEvent;
+class QNativeGestureEvent;
 
 namespace quorvel {
 
@@ -39,8 +44,11 @@ class CMapView : public QAbstractScrollArea, public CView {
   /// Height of a cell in pixels: 10, 20, ... 100.
   float CellSize() const { return m_fCellSize; }
   void SetCellSize(float cellSizePx);
+  /// By a step, with the scroll position kept as far as there is so much to scroll.
   void OnZoomIn();
   void OnZoomOut();
+  /// By that many steps, positive for larger cells, with the cell under a point of the viewport kept there.
+  void ZoomAt(QPoint pointer, int steps);
   void OnFilePrint();
   void OnFilePrintPreview();
 
@@ -60,12 +68,15 @@ class CMapView : public QAbstractScrollArea, public CView {
   void TitleChanged();
 
  protected:
+  bool viewportEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void changeEvent(QEvent* event) override;
 
@@ -79,8 +90,18 @@ class CMapView : public QAbstractScrollArea, public CView {
   void ShowCurrentCell();
   void DescribeCurrentCell();
   QRect InViewport(const QRect& pictureRect) const;
-  void UseTool(ToolPhase phase);
+  bool HasGrid() const;
+  ScrollPlace Place() const { return {m_fCellSize, ScrollPosition()}; }
   CellCoord CellAt(QPoint viewportPoint) const;
+  bool TakeCellUnder(QPoint viewportPoint);
+  void Zoom(int steps);
+
+  void UseTool(ToolPhase phase);
+  void BeginPan(QPoint pointer);
+  void EndPan();
+  void OnNativeGesture(const QNativeGestureEvent& event);
+  void OnGesture(const QGestureEvent& event);
+  void ScrollSideways(const QWheelEvent& event);
   bool OnArrowKey(int key);
   void OnChar(QChar character);
 
@@ -95,6 +116,11 @@ class CMapView : public QAbstractScrollArea, public CView {
   MapPicture picture_;
   bool isLookStale_ = true;
   QTimer frameTimer_;
+
+  /// The map is dragged by this point of it, in map pixels.
+  std::optional<QPoint> pannedBy_;
+  ZoomSteps zoomSteps_;
+  bool isMovingItself_ = false;  // scrolls, and takes the right cell at the end
 };
 
 }  // namespace quorvel

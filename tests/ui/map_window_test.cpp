@@ -3,6 +3,7 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QNativeGestureEvent>
 #include <QScrollBar>
 #include <fmt/format.h>
 
@@ -87,6 +88,95 @@ TEST(MapWindow, ArrowKeysScrollByColumnsAndRows) {
   }
 }
 
+void TurnWheel(CMapView& view, QPoint place, QPoint angleDelta, Qt::KeyboardModifiers held) {
+  QWheelEvent event(place, view.viewport()->mapToGlobal(place), {}, angleDelta, Qt::NoButton, held,
+                    Qt::NoScrollPhase, false);
+  QApplication::sendEvent(view.viewport(), &event);
+}
+
+TEST(MapWindow, TheWheelScrollsAndWithControlZooms) {
+  struct Row {
+    const char* what;
+    QPoint angle;
+    Qt::KeyboardModifiers held;
+    float cellSizePx;
+    QPoint moved;
+  };
+  const Row rows[] = {{"three rows a notch", {0, -120}, Qt::NoModifier, 100, {0, 300}},
+                      {"sideways", {-120, 0}, Qt::NoModifier, 100, {258, 0}},
+                      {"sideways by Shift", {0, -120}, Qt::ShiftModifier, 100, {258, 0}},
+                      {"turned by the system already", {-120, 0}, Qt::ShiftModifier, 100, {258, 0}},
+                      {"the largest cells", {0, 120}, Qt::ControlModifier, 100, {0, 0}},
+                      {"half a step", {0, -60}, Qt::ControlModifier, 100, {0, 0}}};
+  Editor editor;
+  ASSERT_TRUE(editor.OpenMap(100, 80));
+  CMapView& view = editor.View();
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.what);
+    view.ScrollToPosition({860, 1000});
+    TurnWheel(view, {200, 150}, row.angle, row.held);
+    EXPECT_EQ(view.CellSize(), row.cellSizePx);
+    EXPECT_EQ(view.ScrollPosition() - QPoint(860, 1000), row.moved);
+  }
+  TurnWheel(view, {200, 150}, {0, -60}, Qt::ControlModifier);
+  EXPECT_EQ(view.CellSize(), 90) << "the other half";
+}
+
+TEST(MapWindow, ZoomingByWheelAndPinchKeepsTheCellUnderThePointer) {
+  Editor editor;
+  const CVastrelDoc& document = *editor.OpenMap(100, 80);
+  CMapView& view = editor.View();
+  const auto pinch = [&view](QPoint place, double share) {
+    QNativeGestureEvent event(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2, place,
+                              place, view.viewport()->mapToGlobal(place), share, QPointF());
+    QApplication::sendEvent(view.viewport(), &event);
+  };
+  view.ScrollToPosition({4000, 4000});
+  const QPoint place(300, 200);
+  editor.MovePointer(place);
+  const CellCoord cell = *document.m_pCurrentCell;
+  for (const int step : {-1, -1, -1, -1, -1, 1, 1, 1, -1}) {
+    TurnWheel(view, place, {0, 120 * step}, Qt::ControlModifier);
+    EXPECT_EQ(*document.m_pCurrentCell, cell) << "wheel, at " << view.CellSize();
+  }
+  EXPECT_EQ(view.CellSize(), 70);
+  pinch(place, -0.5);
+  EXPECT_EQ(view.CellSize(), 40) << "35, in whole steps";
+  pinch(place, 0.5);
+  EXPECT_EQ(view.CellSize(), 50) << "52.5";
+  EXPECT_EQ(*document.m_pCurrentCell, cell) << "pinch";
+  editor.MovePointer(place);
+  EXPECT_EQ(*document.m_pCurrentCell, cell) << "the cell is really there";
+}
+
+TEST(MapWindow, TwoFingersOnATouchScreenZoom) {
+  Editor editor;
+  ASSERT_TRUE(editor.OpenMap(100, 80));
+  QPointingDevice* screen = QTest::createTouchDevice();
+  QWidget& viewport = *editor.View().viewport();
+  QTest::touchEvent(&viewport, screen).press(0, {100, 200}).press(1, {500, 200});
+  for (int inward = 10; inward <= 100; inward += 10)
+    QTest::touchEvent(&viewport, screen).move(0, {100 + inward, 200}).move(1, {500 - inward, 200});
+  QTest::touchEvent(&viewport, screen).release(0, {200, 200}).release(1, {400, 200});
+  EXPECT_EQ(editor.View().CellSize(), 50);
+}
+
+TEST(MapWindow, TheMiddleButtonDragsTheMap) {
+  Editor editor;
+  const CVastrelDoc& document = *editor.OpenMap(100, 80);
+  CMapView& view = editor.View();
+  view.ScrollToPosition({1000, 1000});
+  QTest::mousePress(view.viewport(), Qt::MiddleButton, {}, {300, 200});
+  editor.MovePointer({250, 230});
+  EXPECT_EQ(view.ScrollPosition(), QPoint(1050, 970));
+  editor.MovePointer({290, 200});
+  EXPECT_EQ(view.ScrollPosition(), QPoint(1010, 1000));
+  QTest::mouseRelease(view.viewport(), Qt::MiddleButton, {}, {290, 200});
+  editor.MovePointer({100, 100});
+  EXPECT_EQ(view.ScrollPosition(), QPoint(1010, 1000));
+  for (int index = 0; index < 8000; ++index) ASSERT_EQ(document.m_pCellMarks[index], 0) << index;
+}
+
 TEST(MapWindow, ThePointerFindsItsCell) {
   Editor editor;
   const CVastrelDoc* document = editor.OpenMap(10, 8);
@@ -141,6 +231,14 @@ TEST(MapWindow, DraggingMarksEveryCellEntered) {
   EXPECT_EQ(IsMarked(document, {3, 2}), 0) << "a drag that starts on a marked cell unmarks";
   EXPECT_EQ(IsMarked(document, {3, 1}), 0);
   EXPECT_EQ(IsMarked(document, {2, 1}), 1);
+
+  const QPoint twice = editor.Middle({3, 1});
+  editor.PressAt(twice);
+  editor.Release(twice);
+  QMouseEvent again(QEvent::MouseButtonDblClick, twice, twice, Qt::LeftButton, Qt::LeftButton, {});
+  QApplication::sendEvent(editor.View().viewport(), &again);
+  editor.Release(twice);
+  EXPECT_EQ(IsMarked(document, {3, 1}), 0) << "a quick second press counts, too";
 
   editor.Run(ID_EDIT_SELECT_ALL);
   for (int index = 0; index < 80; ++index) ASSERT_EQ(document.m_pCellMarks[index], 1) << index;

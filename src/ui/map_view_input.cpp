@@ -1,0 +1,156 @@
+// The input side of CMapView: pointer, wheel, gestures and keys.
+
+#include <cmath>
+
+#include <QApplication>
+#include <QGestureEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QNativeGestureEvent>
+#include <QPinchGesture>
+#include <QScrollBar>
+#include <QWheelEvent>
+
+#include "map/cell_metrics.h"
+#include "map/vastrel_doc.h"
+#include "platform/win_app.h"
+#include "render/colour_members.h"
+#include "ui/map_view.h"
+
+namespace quorvel {
+
+// --- Pointer
+
+void CMapView::mouseMoveEvent(QMouseEvent* event) {
+  const QPoint pointer = event->position().toPoint();
+  if (pannedBy_) ScrollToPosition(*pannedBy_ - pointer);
+  if (TakeCellUnder(pointer) && m_bButtonDown) UseTool(ToolPhase::Moved);
+}
+
+void CMapView::UseTool(ToolPhase phase) {
+  if (!application_.IsBusy()) ApplyTool(*Document(), phase);
+}
+
+void CMapView::mousePressEvent(QMouseEvent* event) {
+  if (!Document()) return;
+  if (event->button() == Qt::MiddleButton) BeginPan(event->position().toPoint());
+  if (event->button() != Qt::LeftButton) return;
+  m_bButtonDown = true;
+  UseTool(ToolPhase::Pressed);
+}
+
+/// Presses that follow one another quickly are presses all the same.
+void CMapView::mouseDoubleClickEvent(QMouseEvent* event) {
+  mousePressEvent(event);
+}
+
+void CMapView::mouseReleaseEvent(QMouseEvent* event) {
+  if (!Document()) return;
+  if (event->button() == Qt::MiddleButton) EndPan();
+  if (event->button() != Qt::LeftButton) return;
+  m_bButtonDown = false;
+  UseTool(ToolPhase::Released);
+}
+
+void CMapView::BeginPan(QPoint pointer) {
+  pannedBy_ = ScrollPosition() + pointer;
+  viewport()->setCursor(Qt::ClosedHandCursor);
+}
+
+void CMapView::EndPan() {
+  pannedBy_.reset();
+  ShowToolCursor();
+}
+
+// --- Wheel and gestures
+
+void CMapView::wheelEvent(QWheelEvent* event) {
+  const Qt::KeyboardModifiers held = event->modifiers();
+  if (held.testFlag(Qt::ControlModifier)) {
+    if (event->phase() == Qt::ScrollBegin) zoomSteps_.Reset();
+    ZoomAt(event->position().toPoint(), zoomSteps_.Turn(event->angleDelta(), event->pixelDelta()));
+    event->accept();
+  } else if (held.testFlag(Qt::ShiftModifier)) {
+    ScrollSideways(*event);
+    event->accept();
+  } else {
+    QAbstractScrollArea::wheelEvent(event);
+  }
+}
+
+/// Some systems turn the wheel's direction themselves while Shift is held.
+void CMapView::ScrollSideways(const QWheelEvent& event) {
+  const auto sideways = [](QPoint delta) {
+    return std::abs(delta.y()) > std::abs(delta.x()) ? delta.transposed() : delta;
+  };
+  QWheelEvent turned(event.position(), event.globalPosition(), sideways(event.pixelDelta()),
+                     sideways(event.angleDelta()), event.buttons(), Qt::NoModifier, event.phase(),
+                     event.inverted());
+  QApplication::sendEvent(horizontalScrollBar(), &turned);
+}
+
+bool CMapView::viewportEvent(QEvent* event) {
+  switch (event->type()) {
+    case QEvent::NativeGesture:
+      OnNativeGesture(*static_cast<QNativeGestureEvent*>(event));
+      return true;
+    case QEvent::Gesture:
+      OnGesture(*static_cast<QGestureEvent*>(event));
+      return true;
+    default:
+      return QAbstractScrollArea::viewportEvent(event);
+  }
+}
+
+/// A touchpad's pinch: each event tells by which share the fingers moved apart.
+void CMapView::OnNativeGesture(const QNativeGestureEvent& event) {
+  if (event.gestureType() == Qt::BeginNativeGesture) zoomSteps_.Reset();
+  if (event.gestureType() != Qt::ZoomNativeGesture) return;
+  ZoomAt(event.position().toPoint(), zoomSteps_.Pinch(1 + event.value(), m_fCellSize));
+}
+
+/// A touch screen's pinch. The first finger alone was a press, which ends here.
+void CMapView::OnGesture(const QGestureEvent& event) {
+  const auto* pinch = static_cast<QPinchGesture*>(event.gesture(Qt::PinchGesture));
+  if (!pinch || !pinch->changeFlags().testFlag(QPinchGesture::ScaleFactorChanged)) return;
+  if (pinch->state() == Qt::GestureStarted) zoomSteps_.Reset();
+  m_bButtonDown = false;
+  const QPoint middle = viewport()->mapFromGlobal(pinch->centerPoint().toPoint());
+  ZoomAt(middle, zoomSteps_.Pinch(pinch->scaleFactor(), m_fCellSize));
+}
+
+// --- Keys
+
+void CMapView::keyPressEvent(QKeyEvent* event) {
+  if (OnArrowKey(event->key())) return;
+  for (const QChar character : event->text()) OnChar(character);
+  QAbstractScrollArea::keyPressEvent(event);
+}
+
+bool CMapView::OnArrowKey(int key) {
+  const bool isArrow =
+      key == Qt::Key_Left || key == Qt::Key_Right || key == Qt::Key_Up || key == Qt::Key_Down;
+  if (!isArrow || !HasGrid()) return false;
+  const CellMetrics metrics = CellMetrics::At(m_fCellSize);
+  const int dx = (key == Qt::Key_Right) - (key == Qt::Key_Left);
+  const int dy = (key == Qt::Key_Down) - (key == Qt::Key_Up);
+  ScrollToPosition(ScrollPosition() + QPoint(metrics.columnStep * dx, metrics.height * dy));
+  UpdateCurrentCell();
+  return true;
+}
+
+/// "[" and "]" step the member that fills the cells, "{" and "}" the one that outlines them.
+void CMapView::OnChar(QChar character) {
+  CVastrelDoc* document = Document();
+  const bool stepsFill = character == u'[' || character == u']';
+  const bool stepsOutline = character == u'{' || character == u'}';
+  if (!document || (!stepsFill && !stepsOutline)) return;
+  const int step = character == u'[' || character == u'{' ? -1 : 1;
+  std::string& name = stepsFill ? m_strFillMember : m_strOutlineMember;
+  const MemberDef* member = SelectIndexMember(document->m_pCellClass, name, step);
+  if (!member) return;
+  ShowCellText(*document, name);
+  InvalidateAll();
+}
+
+}  // namespace quorvel
