@@ -22,9 +22,11 @@ constexpr int kHarmlessCommands[] = {
 
 QList<QKeySequence> KeysOf(int command) {
   QList<QKeySequence> keys;
-  for (const Accelerator& row : kAccelerators) {
+  const auto add = [&keys, command](const Accelerator& row) {
     if (row.command == command) keys.append(QKeySequence(QLatin1String(row.key), QKeySequence::PortableText));
-  }
+  };
+  std::ranges::for_each(kAccelerators, add);
+  std::ranges::for_each(kFurtherKeys, add);
   return keys;
 }
 
@@ -48,6 +50,7 @@ CommandActions::CommandActions(QWidget& window, Chain chain, BusyTest isBusy)
     if (command != ID_SEPARATOR) Make(command, window);
   }
   for (const Accelerator& row : kAccelerators) Make(row.command, window);
+  for (const Accelerator& row : kFurtherKeys) Make(row.command, window);
   for (int place = 0; place < kRecentFileItems; ++place) Make(ID_FILE_MRU_FILE1 + place, window);
 }
 

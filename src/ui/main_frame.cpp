@@ -104,6 +104,7 @@ CMainFrame::CMainFrame(CWinApp& application, FrameHost& frames, CommandTarget& a
   BuildMenuBars();
   connect(mdiArea_, &QMdiArea::subWindowActivated, this, &CMainFrame::FollowActiveFrame);
   connect(toolOptionsBar_, &CToolOptionsBar::Command, this, &CMainFrame::ForwardBarCommand);
+  connect(statusBar_, &CStatusBar::PositionClicked, actions_->Action(ID_GO_TO_CELL), &QAction::trigger);
   connect(actions_, &CommandActions::Refreshed, this, &CMainFrame::UpdateRecentFiles);
   FollowActiveFrame();
   resize(kFirstWidthPx, kFirstHeightPx);

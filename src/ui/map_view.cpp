@@ -18,6 +18,7 @@
 #include "render/display_text.h"
 #include "render/map_extent.h"
 #include "render/pixel_scale.h"
+#include "ui/dialogs/go_to_cell_dialog.h"
 #include "ui/map_printing.h"
 #include "ui/resources/command_ids.h"
 #include "ui/tool_cursors.h"
@@ -34,6 +35,8 @@ constexpr MapRect kEmptyExtent = {0, 0, 10, 10};
 constexpr CommandRow<CMapView> kViewCommands[] = {
     {ID_ZOOM_IN, [](CMapView& view) { view.OnZoomIn(); }},
     {ID_ZOOM_OUT, [](CMapView& view) { view.OnZoomOut(); }},
+    {ID_GO_TO_CELL, [](CMapView& view) { view.OnGoToCell(); },
+     [](const CMapView& view) { return view.HasGrid(); }},
     {ID_FILE_PRINT, [](CMapView& view) { view.OnFilePrint(); }},
     {ID_FILE_PRINT_DIRECT, [](CMapView& view) { view.OnFilePrint(); }},
     {ID_FILE_PRINT_PREVIEW, [](CMapView& view) { view.OnFilePrintPreview(); }},
@@ -154,6 +157,12 @@ void CMapView::ZoomAt(QPoint pointer, int steps) {
   TakeCellUnder(pointer);
 }
 
+void CMapView::OnGoToCell() {
+  if (!HasGrid()) return;
+  GoToCellDialog question(*Document()->m_pGrid, *Document()->m_pCurrentCell, window());
+  if (question.exec() == QDialog::Accepted) GoToCell(question.Cell());
+}
+
 void CMapView::OnFilePrint() {
   printing_.Print(*this);
 }
@@ -178,6 +187,7 @@ CellCoord CMapView::CellAt(QPoint viewportPoint) const {
 }
 
 bool CMapView::TakeCellUnder(QPoint viewportPoint) {
+  restingPointer_.reset();
   if (!Document()) return false;
   const CellCoord cell = CellAt(viewportPoint);
   return SetCurrentCell(*Document(), &cell);
@@ -185,6 +195,14 @@ bool CMapView::TakeCellUnder(QPoint viewportPoint) {
 
 void CMapView::UpdateCurrentCell() {
   TakeCellUnder(viewport()->mapFromGlobal(QCursor::pos()));
+}
+
+void CMapView::GoToCell(CellCoord cell) {
+  restingPointer_ = QCursor::pos();
+  const bool hasMoved = SetCurrentCell(*Document(), &cell);
+  if (hasMoved && isSpaceDown_) UseTool(ToolPhase::Moved);
+  const QScopedValueRollback<bool> moving(isMovingItself_, true);
+  ScrollToPosition(ScrolledIntoSight(Place(), viewport()->size(), cell));
 }
 
 MapLook CMapView::Look() {
@@ -276,6 +294,7 @@ void CMapView::paintEvent(QPaintEvent* event) {
 }
 
 void CMapView::resizeEvent(QResizeEvent*) {
+  const QScopedValueRollback<bool> moving(isMovingItself_, restingPointer_.has_value());
   SetScrollSizes();
 }
 

@@ -34,6 +34,8 @@ class CMapView : public QAbstractScrollArea, public CView {
   ~CMapView() override;
 
   CVastrelDoc* Document() const;
+  /// Whether there is a map to see.
+  bool HasGrid() const;
   CommandTarget& Commands() { return commands_; }
 
   /// Called once, when the view has its document and its place.
@@ -49,11 +51,16 @@ class CMapView : public QAbstractScrollArea, public CView {
   void OnZoomOut();
   /// By that many steps, positive for larger cells, with the cell under a point of the viewport kept there.
   void ZoomAt(QPoint pointer, int steps);
+  /// Asks for the cell.
+  void OnGoToCell();
   void OnFilePrint();
   void OnFilePrintPreview();
 
   /// Takes the cell under the pointer, wherever the pointer is, as the document's current cell.
   void UpdateCurrentCell();
+  /// Takes a cell of the grid as the document's current cell and scrolls it into sight. It stays the current
+  /// one until the pointer moves or the user zooms or scrolls.
+  void GoToCell(CellCoord cell);
   /// Each coordinate is held within what there is to scroll.
   void ScrollToPosition(QPoint position);
   QPoint ScrollPosition() const;
@@ -78,6 +85,8 @@ class CMapView : public QAbstractScrollArea, public CView {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
@@ -90,7 +99,6 @@ class CMapView : public QAbstractScrollArea, public CView {
   void ShowCurrentCell();
   void DescribeCurrentCell();
   QRect InViewport(const QRect& pictureRect) const;
-  bool HasGrid() const;
   ScrollPlace Place() const { return {m_fCellSize, ScrollPosition()}; }
   CellCoord CellAt(QPoint viewportPoint) const;
   bool TakeCellUnder(QPoint viewportPoint);
@@ -102,6 +110,9 @@ class CMapView : public QAbstractScrollArea, public CView {
   void OnNativeGesture(const QNativeGestureEvent& event);
   void OnGesture(const QGestureEvent& event);
   void ScrollSideways(const QWheelEvent& event);
+  bool OnCellKey(const QKeyEvent& event);
+  bool OnSpaceBar(const QKeyEvent& event);
+  void LiftSpaceBar();
   bool OnArrowKey(int key);
   void OnChar(QChar character);
 
@@ -121,6 +132,9 @@ class CMapView : public QAbstractScrollArea, public CView {
   std::optional<QPoint> pannedBy_;
   ZoomSteps zoomSteps_;
   bool isMovingItself_ = false;  // scrolls, and takes the right cell at the end
+  bool isSpaceDown_ = false;
+  /// Where the pointer rests while the current cell is one that a key chose; none: it is the pointer's.
+  std::optional<QPoint> restingPointer_;
 };
 
 }  // namespace quorvel

@@ -1,6 +1,7 @@
 // The input side of CMapView: pointer, wheel, gestures and keys.
 
 #include <cmath>
+#include <utility>
 
 #include <QApplication>
 #include <QGestureEvent>
@@ -15,6 +16,7 @@
 #include "map/vastrel_doc.h"
 #include "platform/win_app.h"
 #include "render/colour_members.h"
+#include "ui/cell_navigation.h"
 #include "ui/map_view.h"
 
 namespace quorvel {
@@ -22,6 +24,8 @@ namespace quorvel {
 // --- Pointer
 
 void CMapView::mouseMoveEvent(QMouseEvent* event) {
+  // The system tells the pointer's place also when a window beside it opens or closes.
+  if (restingPointer_ == event->globalPosition().toPoint()) return;
   const QPoint pointer = event->position().toPoint();
   if (pannedBy_) ScrollToPosition(*pannedBy_ - pointer);
   if (TakeCellUnder(pointer) && m_bButtonDown) UseTool(ToolPhase::Moved);
@@ -34,7 +38,8 @@ void CMapView::UseTool(ToolPhase phase) {
 void CMapView::mousePressEvent(QMouseEvent* event) {
   if (!Document()) return;
   if (event->button() == Qt::MiddleButton) BeginPan(event->position().toPoint());
-  if (event->button() != Qt::LeftButton) return;
+  if (event->button() != Qt::LeftButton || isSpaceDown_) return;
+  if (restingPointer_) TakeCellUnder(event->position().toPoint());
   m_bButtonDown = true;
   UseTool(ToolPhase::Pressed);
 }
@@ -47,7 +52,7 @@ void CMapView::mouseDoubleClickEvent(QMouseEvent* event) {
 void CMapView::mouseReleaseEvent(QMouseEvent* event) {
   if (!Document()) return;
   if (event->button() == Qt::MiddleButton) EndPan();
-  if (event->button() != Qt::LeftButton) return;
+  if (event->button() != Qt::LeftButton || !m_bButtonDown) return;
   m_bButtonDown = false;
   UseTool(ToolPhase::Released);
 }
@@ -122,9 +127,51 @@ void CMapView::OnGesture(const QGestureEvent& event) {
 // --- Keys
 
 void CMapView::keyPressEvent(QKeyEvent* event) {
-  if (OnArrowKey(event->key())) return;
+  if (OnCellKey(*event) || OnSpaceBar(*event) || OnArrowKey(event->key())) return;
   for (const QChar character : event->text()) OnChar(character);
   QAbstractScrollArea::keyPressEvent(event);
+}
+
+/// Alt and a key move the current cell. Off the map they begin in the middle of what is in sight.
+bool CMapView::OnCellKey(const QKeyEvent& event) {
+  const Qt::KeyboardModifiers held = event.modifiers() & ~Qt::KeypadModifier;
+  if (held != Qt::AltModifier || !HasGrid()) return false;
+  const CellGrid& grid = *Document()->m_pGrid;
+  const CellCoord cell = *Document()->m_pCurrentCell;
+  const auto direction = DirectionOfKey(event.key(), cell.column);
+  if (!direction) return false;
+  if (grid.IsValid(cell)) {
+    const CellCoord moved = grid.CoordOf(grid.Neighbour(grid.IndexOf(cell), *direction));
+    GoToCell(grid.IsValid(moved) ? moved : cell);
+  } else {
+    const CellCoord middle = CellAt(viewport()->rect().center());
+    GoToCell(grid.IsValid(middle) ? middle : CellCoord{0, 0});
+  }
+  return true;
+}
+
+/// The space bar is the button for the current cell: while it is down, cells moved to are painted, too.
+bool CMapView::OnSpaceBar(const QKeyEvent& event) {
+  if (event.key() != Qt::Key_Space || !Document()) return false;
+  if (event.isAutoRepeat() || isSpaceDown_ || m_bButtonDown) return true;
+  isSpaceDown_ = true;
+  UseTool(ToolPhase::Pressed);
+  return true;
+}
+
+void CMapView::LiftSpaceBar() {
+  if (!std::exchange(isSpaceDown_, false) || !Document()) return;
+  UseTool(ToolPhase::Released);
+}
+
+void CMapView::keyReleaseEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Space && !event->isAutoRepeat()) LiftSpaceBar();
+  QAbstractScrollArea::keyReleaseEvent(event);
+}
+
+void CMapView::focusOutEvent(QFocusEvent* event) {
+  LiftSpaceBar();
+  QAbstractScrollArea::focusOutEvent(event);
 }
 
 bool CMapView::OnArrowKey(int key) {

@@ -2,6 +2,7 @@
 
 #include <QEvent>
 #include <QLayout>
+#include <QMouseEvent>
 
 #include "ui/resources/command_ids.h"
 #include "ui/resources/string_table.h"
@@ -35,6 +36,8 @@ CStatusBar::CStatusBar(QWidget* parent)
   messagePane_->setText(message_);
   positionPane_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
   positionPane_->setWhatsThis(FromResource(FindString(ID_INDICATOR_POSITION).whatsThis));
+  positionPane_->setToolTip(FromResource(TooltipOf(ID_GO_TO_CELL)));
+  positionPane_->installEventFilter(this);
   addWidget(messagePane_, 1);
   addPermanentWidget(positionPane_);
   SizePositionPane();
@@ -70,6 +73,14 @@ void CStatusBar::ShowProgress(bool show) {
 
 void CStatusBar::SetProgressPos(int percent) {
   progress_->setValue(percent);
+}
+
+bool CStatusBar::eventFilter(QObject* watched, QEvent* event) {
+  const bool isClick = event->type() == QEvent::MouseButtonPress &&
+                       static_cast<QMouseEvent*>(event)->button() == Qt::LeftButton;
+  if (!isClick) return QStatusBar::eventFilter(watched, event);
+  emit PositionClicked();
+  return true;
 }
 
 void CStatusBar::resizeEvent(QResizeEvent* event) {

@@ -20,7 +20,11 @@ class CStatusBar : public QStatusBar {
   void ShowProgress(bool show);
   void SetProgressPos(int percent);
 
+ signals:
+  void PositionClicked();
+
  protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void changeEvent(QEvent* event) override;
 

@@ -1,5 +1,7 @@
 // Journeys through the real windows: maps are opened, looked at, marked, saved and closed.
 
+#include <QLabel>
+#include <QLineEdit>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QMimeData>
@@ -9,6 +11,7 @@
 
 #include "map/editing.h"
 #include "tests/ui/editor.h"
+#include "tests/ui/modal_script.h"
 
 namespace quorvel {
 namespace {
@@ -244,6 +247,114 @@ TEST(MapWindow, DraggingMarksEveryCellEntered) {
   for (int index = 0; index < 80; ++index) ASSERT_EQ(document.m_pCellMarks[index], 1) << index;
   editor.Run(ID_EDIT_DESELECT);
   for (int index = 0; index < 80; ++index) ASSERT_EQ(document.m_pCellMarks[index], 0) << index;
+}
+
+TEST(MapWindow, CellsAreReachedAndMarkedByKeysAlone) {
+  struct Row {
+    const char* what;
+    Qt::Key key;
+    CellCoord cell;
+  };
+  constexpr Row rows[] = {{"up", Qt::Key_Up, {4, 3}},
+                          {"along the row", Qt::Key_Right, {5, 3}},
+                          {"to the lower right", Qt::Key_PageDown, {6, 4}},
+                          {"to the upper left, back", Qt::Key_Home, {5, 3}},
+                          {"back along the row", Qt::Key_Left, {4, 3}},
+                          {"down", Qt::Key_Down, {4, 4}}};
+  Editor editor;
+  const CVastrelDoc& document = *editor.OpenMap(100, 80);
+  CMapView& view = editor.View();
+  editor.MovePointer(editor.Middle({4, 4}));
+  QTest::keyPress(&view, Qt::Key_Space);
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.what);
+    QTest::keyClick(&view, row.key, Qt::AltModifier);
+    EXPECT_EQ(*document.m_pCurrentCell, row.cell);
+    EXPECT_EQ(IsMarked(document, row.cell), 1) << "the space bar is down";
+  }
+  EXPECT_EQ(view.ScrollPosition(), QPoint(0, 0)) << "all of them were in sight";
+  QTest::keyRelease(&view, Qt::Key_Space);
+  QTest::keyClick(&view, Qt::Key_Left, Qt::AltModifier);
+  EXPECT_EQ(IsMarked(document, {3, 4}), 0);
+  QTest::keyClick(&view, Qt::Key_Space);
+  EXPECT_EQ(IsMarked(document, {3, 4}), 1);
+  QTest::keyClick(&view, Qt::Key_Space);
+  EXPECT_EQ(IsMarked(document, {3, 4}), 0);
+}
+
+TEST(MapWindow, AKeysCellStaysUntilThePointerMovesOrTheUserScrolls) {
+  Editor editor;
+  const CVastrelDoc& document = *editor.OpenMap(100, 80);
+  CMapView& view = editor.View();
+  const auto goFar = [&] {
+    view.GoToCell({60, 50});
+    QTest::keyClick(&view, Qt::Key_Right, Qt::AltModifier);
+    ASSERT_EQ(*document.m_pCurrentCell, (CellCoord{61, 50})) << "the map was scrolled under the pointer";
+    EXPECT_TRUE(view.viewport()->rect().contains(editor.Middle({61, 50})));
+    EXPECT_EQ(editor.Pane(ID_INDICATOR_POSITION), "5061(61:50)");
+  };
+  const std::pair<const char*, std::function<void()>> moves[] = {
+      {"the pointer",
+       [&] {
+         editor.MovePointer({300, 300});
+       }},
+      {"a zoom", [&] { editor.Run(ID_ZOOM_OUT); }},
+      {"an arrow key", [&] { QTest::keyClick(&view, Qt::Key_Up); }},
+      {"the wheel",
+       [&] {
+         TurnWheel(view, {300, 300}, {0, 120}, Qt::NoModifier);
+       }},
+  };
+  for (const auto& [what, move] : moves) {
+    SCOPED_TRACE(what);
+    goFar();
+    move();
+    EXPECT_NE(*document.m_pCurrentCell, (CellCoord{61, 50}));
+  }
+  goFar();
+  QMouseEvent still(QEvent::MouseMove, QPoint(5, 5), QCursor::pos(), Qt::NoButton, Qt::NoButton, {});
+  QApplication::sendEvent(view.viewport(), &still);
+  EXPECT_EQ(*document.m_pCurrentCell, (CellCoord{61, 50})) << "the pointer rests";
+  QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, editor.Middle({60, 50}));
+  EXPECT_EQ(IsMarked(document, {60, 50}), 1) << "a press is the pointer's";
+  EXPECT_EQ(IsMarked(document, {61, 50}), 0);
+
+  view.GoToCell({0, 0});
+  editor.MovePointer({-20, -20});
+  QTest::keyClick(&view, Qt::Key_Down, Qt::AltModifier);
+  const QPoint offMiddle = editor.Middle(*document.m_pCurrentCell) - view.viewport()->rect().center();
+  EXPECT_LT(offMiddle.manhattanLength(), 100) << "off the map the cells begin in the middle of the view";
+}
+
+TEST(MapWindow, GoesToTheCellThatTheUserTypes) {
+  Editor editor;
+  const CVastrelDoc& document = *editor.OpenMap(100, 80);
+  CMapView& view = editor.View();
+  editor.MovePointer(editor.Middle({4, 4}));
+  const auto type = [](QDialog& dialog, const char* text) {
+    auto* place = dialog.findChild<QLineEdit*>();
+    place->clear();
+    QTest::keyClicks(place, text);
+    QTest::keyClick(place, Qt::Key_Return);
+  };
+  WhenModal([&type](QDialog& dialog) {
+    EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "4:4");
+    type(dialog, "100:0");
+    EXPECT_TRUE(dialog.isVisible()) << "beside the map";
+    EXPECT_TRUE(dialog.findChildren<QLabel*>().first()->text().startsWith("There is no cell \"100:0\"."));
+    type(dialog, "61:50");
+  });
+  QTest::keyClick(&view, Qt::Key_G, Qt::ControlModifier);
+  EXPECT_EQ(*document.m_pCurrentCell, (CellCoord{61, 50}));
+  EXPECT_TRUE(view.viewport()->rect().contains(editor.Middle({61, 50})));
+
+  WhenModal([&type](QDialog& dialog) { type(dialog, "203"); });
+  auto* pane = editor.Frame().StatusBar().findChild<QLabel*>(QString::number(ID_INDICATOR_POSITION));
+  QTest::mouseClick(pane, Qt::LeftButton);
+  EXPECT_EQ(pane->text(), "203(3:2)");
+  WhenModal([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+  editor.Run(ID_GO_TO_CELL);
+  EXPECT_EQ(*document.m_pCurrentCell, (CellCoord{3, 2}));
 }
 
 TEST(MapWindow, TwoViewsShowOneDocument) {

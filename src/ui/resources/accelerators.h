@@ -37,4 +37,9 @@ inline constexpr Accelerator kAccelerators[] = {
     {"Shift+F6", ID_PREV_PANE},
 };
 
+/// Keys of commands that stand in no menu.
+inline constexpr Accelerator kFurtherKeys[] = {
+    {"Ctrl+G", ID_GO_TO_CELL},
+};
+
 }  // namespace quorvel

@@ -14,8 +14,8 @@ constexpr StringRow kStrings[] = {
     {IDS_IDLE_MESSAGE, "For Help, press F1"},
 
     {ID_INDICATOR_POSITION, "000000(000:000)",
-     "The cell under the pointer: its index, then its column and row. Shows progress while the editor "
-     "works."},
+     "The cell under the pointer: its index, then its column and row. Click on it to go to another cell. "
+     "Shows progress while the editor works."},
     {ID_TOOL_POINTER, "Pointer Tool\nPointer",
      "Marks cells: press on an unmarked cell and drag to mark, on a marked one to unmark."},
     {ID_TOOL_CELL_PROPERTY, "Paint Cell Properties Tool\nCell Property",
@@ -29,6 +29,8 @@ constexpr StringRow kStrings[] = {
     {ID_SELECT_REGION, "Select an entire Region\nSelect Region"},
     {ID_FILL_SELECTED, "Fill the Selected Region\nFill Selected"},
     {ID_EDIT_DESELECT, "Deselect\nDeselect", "Clears the mark of every cell."},
+    {ID_GO_TO_CELL, "Go to a cell of the map\nGo To Cell (Ctrl+G)",
+     "Asks for a column and a row, or an index, and scrolls that cell into sight."},
     {ID_ZOOM_IN, "Zoom In\nZoom In ( ] )", "Draws cells 10 pixels larger, up to 100."},
     {ID_ZOOM_OUT, "Zoom Out\nZoom Out ( [ )", "Draws cells 10 pixels smaller, down to 10."},
     {ID_WIZARD, "Wizard\nWizard"},
