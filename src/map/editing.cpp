@@ -54,6 +54,11 @@ void SetMark(MapContents& map, CellCoord cell, std::uint8_t mark) {
   map.m_pCellMarks[map.m_pGrid->IndexOf(cell)] = mark;
 }
 
+std::string PositionText(const CellGrid& grid, CellCoord cell) {
+  if (!grid.IsValid(cell)) return {};
+  return fmt::format("{}({}:{})", grid.IndexOf(cell), cell.column, cell.row);
+}
+
 void ShowCellText(CVastrelDoc& document, std::string_view text) {
   document.GetServices().feedback.SetStatusText(text);
 }
@@ -68,9 +73,7 @@ bool SetCurrentCell(CVastrelDoc& document, const CellCoord* cell) {
   const CellCoord previous = std::exchange(*document.m_pCurrentCell, current);
   if (current == previous) return false;
 
-  const std::int32_t index = document.m_pGrid->IndexOf(current);
-  ShowCellText(document,
-               index >= 0 ? fmt::format("{}({}:{})", index, current.column, current.row) : std::string());
+  ShowCellText(document, PositionText(*document.m_pGrid, current));
   document.UpdateAllViews(nullptr, {UpdateHint::CurrentCell, current, previous});
   return true;
 }

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "map/map_contents.h"
@@ -21,6 +22,9 @@ enum class ToolPhase { Pressed = 0, Moved = 1, Released = 2 };
 std::uint8_t IsMarked(const MapContents& map, CellCoord cell);
 /// Stores the mark byte of a cell of the grid; anything else changes nothing.
 void SetMark(MapContents& map, CellCoord cell, std::uint8_t mark);
+
+/// "index(column:row)" of a cell of the grid; empty for any other.
+std::string PositionText(const CellGrid& grid, CellCoord cell);
 
 /// Text of the position pane.
 void ShowCellText(CVastrelDoc& document, std::string_view text);

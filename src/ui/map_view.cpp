@@ -9,16 +9,15 @@
 #include <QScopedValueRollback>
 #include <QScrollBar>
 
-#include "map/cell_label.h"
 #include "map/cell_metrics.h"
 #include "map/map_filter.h"
 #include "map/vastrel_doc.h"
 #include "platform/win_app.h"
 #include "render/colour_members.h"
-#include "render/display_text.h"
 #include "render/map_extent.h"
 #include "render/pixel_scale.h"
 #include "ui/dialogs/go_to_cell_dialog.h"
+#include "ui/map_accessible.h"
 #include "ui/map_printing.h"
 #include "ui/resources/command_ids.h"
 #include "ui/tool_cursors.h"
@@ -46,6 +45,7 @@ constexpr CommandRow<CMapView> kViewCommands[] = {
 
 CMapView::CMapView(const CWinApp& application, MapPrinting& printing)
     : application_(application), printing_(printing), commands_(*this, kViewCommands) {
+  InstallMapAccessible();
   setAccessibleName(tr("Map view"));
   viewport()->setAccessibleName(tr("Map"));
   viewport()->setMouseTracking(true);
@@ -94,6 +94,7 @@ void CMapView::OnUpdate(CView*, const UpdateHint& hint) {
   switch (hint.code) {
     case UpdateHint::Cell:
       RedrawCell(hint.cell);
+      if (hint.cell == *Document()->m_pCurrentCell) AnnounceChangeOfCurrentCell(*this);
       break;
     case UpdateHint::CurrentCell:
       ShowCurrentCell();
@@ -186,6 +187,12 @@ CellCoord CMapView::CellAt(QPoint viewportPoint) const {
   return Document()->m_pGrid->HitTest(m_fCellSize, point.x(), point.y());
 }
 
+QRect CMapView::CellRect(CellCoord cell) const {
+  const CellMetrics metrics = CellMetrics::At(m_fCellSize);
+  const QPoint corner(metrics.ColumnLeft(cell.column), metrics.RowTop(cell.column, cell.row));
+  return {corner - ScrollPosition(), QSize(metrics.Width(), metrics.height)};
+}
+
 bool CMapView::TakeCellUnder(QPoint viewportPoint) {
   restingPointer_.reset();
   if (!Document()) return false;
@@ -230,26 +237,10 @@ void CMapView::RedrawCell(CellCoord cell) {
 }
 
 void CMapView::ShowCurrentCell() {
-  const CVastrelDoc& document = *Document();
-  DescribeCurrentCell();
+  AnnounceCurrentCell(*this);
   if (isLookStale_) return;
-  picture_.MoveCurrentCell(*document.m_pCurrentCell);
+  picture_.MoveCurrentCell(*Document()->m_pCurrentCell);
   ShowTouchedCells();
-}
-
-/// A screen reader hears what the label of the cell says.
-void CMapView::DescribeCurrentCell() {
-  const CVastrelDoc& document = *Document();
-  QStringList lines;
-  if (document.m_pGrid && document.m_pCellClass) {
-    const auto record = document.m_pGrid->Find(document.m_pGrid->IndexOf(*document.m_pCurrentCell));
-    for (const auto& member : document.m_pCellClass->Members()) {
-      std::string line;
-      FormatCellLabel(line, member.get(), record ? &*record : nullptr);
-      if (!line.empty()) lines << DisplayText(line);
-    }
-  }
-  viewport()->setAccessibleDescription(lines.join(u'\n'));
 }
 
 /// Draws the cells that changed; what was drawn reaches the screen with the next paint event.

@@ -14,6 +14,7 @@
 #include "ui/zoom_steps.h"
 
 class QGestureEvent;
+class QHelpEvent;
 class QNativeGestureEvent;
 
 namespace quorvel {
@@ -64,6 +65,10 @@ class CMapView : public QAbstractScrollArea, public CView {
   /// Each coordinate is held within what there is to scroll.
   void ScrollToPosition(QPoint position);
   QPoint ScrollPosition() const;
+  /// The cell that owns a point of the viewport, (-1, -1) beside the map; (0, 0) when there is no map.
+  CellCoord CellAt(QPoint viewportPoint) const;
+  /// The bounds of a cell in the viewport, in sight or not.
+  QRect CellRect(CellCoord cell) const;
 
   /// Shows the cursor of the document's tool over the map.
   void ShowToolCursor();
@@ -86,6 +91,7 @@ class CMapView : public QAbstractScrollArea, public CView {
   void wheelEvent(QWheelEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void keyReleaseEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void changeEvent(QEvent* event) override;
 
@@ -97,10 +103,8 @@ class CMapView : public QAbstractScrollArea, public CView {
   void RedrawCell(CellCoord cell);
   void ShowTouchedCells();
   void ShowCurrentCell();
-  void DescribeCurrentCell();
   QRect InViewport(const QRect& pictureRect) const;
   ScrollPlace Place() const { return {m_fCellSize, ScrollPosition()}; }
-  CellCoord CellAt(QPoint viewportPoint) const;
   bool TakeCellUnder(QPoint viewportPoint);
   void Zoom(int steps);
 
@@ -110,6 +114,7 @@ class CMapView : public QAbstractScrollArea, public CView {
   void OnNativeGesture(const QNativeGestureEvent& event);
   void OnGesture(const QGestureEvent& event);
   void ScrollSideways(const QWheelEvent& event);
+  void ShowTooltip(const QHelpEvent& event);
   bool OnCellKey(const QKeyEvent& event);
   bool OnSpaceBar(const QKeyEvent& event);
   void LiftSpaceBar();

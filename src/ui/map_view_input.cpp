@@ -5,11 +5,14 @@
 
 #include <QApplication>
 #include <QGestureEvent>
+#include <QHelpEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QNativeGestureEvent>
 #include <QPinchGesture>
 #include <QScrollBar>
+#include <QTextDocument>
+#include <QToolTip>
 #include <QWheelEvent>
 
 #include "map/cell_metrics.h"
@@ -17,6 +20,8 @@
 #include "platform/win_app.h"
 #include "render/colour_members.h"
 #include "ui/cell_navigation.h"
+#include "ui/cell_tooltip.h"
+#include "ui/map_accessible.h"
 #include "ui/map_view.h"
 
 namespace quorvel {
@@ -102,6 +107,9 @@ bool CMapView::viewportEvent(QEvent* event) {
     case QEvent::Gesture:
       OnGesture(*static_cast<QGestureEvent*>(event));
       return true;
+    case QEvent::ToolTip:
+      ShowTooltip(*static_cast<QHelpEvent*>(event));
+      return true;
     default:
       return QAbstractScrollArea::viewportEvent(event);
   }
@@ -122,6 +130,14 @@ void CMapView::OnGesture(const QGestureEvent& event) {
   m_bButtonDown = false;
   const QPoint middle = viewport()->mapFromGlobal(pinch->centerPoint().toPoint());
   ZoomAt(middle, zoomSteps_.Pinch(pinch->scaleFactor(), m_fCellSize));
+}
+
+/// The pointer rests. Texts of the map are plain, whatever they look like.
+void CMapView::ShowTooltip(const QHelpEvent& event) {
+  const CellCoord cell = CellAt(event.pos());
+  const QString text = HasGrid() ? CellTooltip(*Document(), Look(), cell) : QString();
+  const QString shown = text.isEmpty() ? QString() : Qt::convertFromPlainText(text);
+  QToolTip::showText(event.globalPos(), shown, viewport(), CellRect(cell));
 }
 
 // --- Keys
@@ -167,6 +183,11 @@ void CMapView::LiftSpaceBar() {
 void CMapView::keyReleaseEvent(QKeyEvent* event) {
   if (event->key() == Qt::Key_Space && !event->isAutoRepeat()) LiftSpaceBar();
   QAbstractScrollArea::keyReleaseEvent(event);
+}
+
+void CMapView::focusInEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusInEvent(event);
+  AnnounceCurrentCell(*this);
 }
 
 void CMapView::focusOutEvent(QFocusEvent* event) {
