@@ -33,14 +33,16 @@ class InForm {
   const int own_;
 };
 
-bool WriteBase(const std::string& path, MapContents& map, std::string& errorText) try {
+bool WriteBase(const std::string& path, MapContents& map, Feedback& feedback, std::string& errorText) try {
   const InForm inForm(map, BaseForm(*map.m_pGrid));
   const std::optional<MapFilePlan> plan = PlanMapFile(map, {}, errorText);
   if (!plan) return false;
+  feedback.Pump();
   AtomicFile file(path);
-  NullFeedback feedback;  // no window may come alive in the middle of an edit
   if (file.Reserve(plan->fileBytes)) SaveMap(*plan, map, file, feedback);
-  return file.Commit(errorText);
+  const bool isWritten = file.Commit(errorText);
+  feedback.Pump();
+  return isWritten;
 } catch (const std::bad_alloc&) {
   errorText += "There is not enough memory.\n";
   return false;
@@ -48,13 +50,13 @@ bool WriteBase(const std::string& path, MapContents& map, std::string& errorText
 
 }  // namespace
 
-bool MapJournal::Begin(JournalHead head, MapContents& map, std::string& errorText) {
+bool MapJournal::Begin(JournalHead head, MapContents& map, Feedback& feedback, std::string& errorText) {
   Remove();
   if (folder_.empty()) return true;
   std::unique_ptr<EditJournal> journal = EditJournal::Create(folder_);
   if (journal == nullptr) return Fail(ErrorText(errno), errorText);
   head.cellClass = DescribeCellClass(map);
-  const bool isWritten = WriteBase(journal->BasePath(), map, errorText) &&
+  const bool isWritten = WriteBase(journal->BasePath(), map, feedback, errorText) &&
                          journal->Append(EncodeHead(head)) &&
                          journal->Append(EncodeRecordedCells(*map.m_pGrid));
   if (!isWritten) {

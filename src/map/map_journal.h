@@ -6,6 +6,7 @@
 #include "map/journal_records.h"
 #include "map/map_contents.h"
 #include "platform/edit_journal.h"
+#include "platform/feedback.h"
 
 namespace quorvel {
 
@@ -22,9 +23,9 @@ class MapJournal {
   /// True after something could not be written; nothing more is kept until the next Remove.
   bool HasFailed() const { return hasFailed_; }
 
-  /// Starts with the map as it is now, in place of what was kept before. `head.cellClass` is filled in here.
-  /// False: a line in the error text says why.
-  bool Begin(JournalHead head, MapContents& map, std::string& errorText);
+  /// Starts with the map as it is now, in place of what was kept before, and pumps the feedback meanwhile.
+  /// `head.cellClass` is filled in here. False: a line in the error text says why.
+  bool Begin(JournalHead head, MapContents& map, Feedback& feedback, std::string& errorText);
   /// Keeps the value that the record has in a member of the cell class. The journal must be open.
   bool Add(const CellRecord& record, const MemberDef& member, std::string& errorText);
   /// Goes on with a journal that was replayed.

@@ -76,7 +76,8 @@ void CVastrelDoc::FillNewMap(NewMapChoice&& choice, std::string& errorText) {
   MakeGrid(*this, *settings.width, *settings.height);
   UpdateAllViews(nullptr);
   FillMap(*this, settings.global, settings.region, *settings.seed, services_.feedback, *this);
-  KeepMap();
+  PumpOnly pump(services_.feedback);
+  KeepMap(pump);
 
   std::string ignored;  // the map is there; that it cannot be made again is no reason to close it
   if (!services_.fillsFolder.empty())

@@ -92,7 +92,8 @@ void CVastrelDoc::Adopt(MapContents&& contents) {
   *m_pCurrentCell = {};
   static_cast<MapContents&>(*this) = std::move(contents);
   UpdateAllViews(nullptr);
-  if (journal_.IsOpen()) KeepMap();
+  NullFeedback nobody;
+  if (journal_.IsOpen()) KeepMap(nobody);
 }
 
 void CVastrelDoc::Recover(const JournalHead& head, MapContents&& contents,
@@ -114,7 +115,7 @@ void CVastrelDoc::StoreCellValue(const CellRecord& record, const MemberDef& memb
   KeepValue(record, member);
 }
 
-bool CVastrelDoc::BeginJournal(std::string& errorText) {
+bool CVastrelDoc::BeginJournal(Feedback& feedback, std::string& errorText) {
   const CMultiDocTemplateWithID* docTemplate = GetDocTemplate();
   return journal_.Begin({.templateId = docTemplate == nullptr ? 0 : docTemplate->GetResourceID(),
                          .fileForm = m_nDataType,
@@ -122,18 +123,19 @@ bool CVastrelDoc::BeginJournal(std::string& errorText) {
                          .path = GetPathName(),
                          .stamp = Stamp(),
                          .cellClass = {}},
-                        *this, errorText);
+                        *this, feedback, errorText);
 }
 
 /// Makes the map as it is the base state of the changes to come.
-void CVastrelDoc::KeepMap() {
+void CVastrelDoc::KeepMap(Feedback& feedback) {
   std::string errorText;
-  if (!BeginJournal(errorText)) TellNotKept(errorText);
+  if (!BeginJournal(feedback, errorText)) TellNotKept(errorText);
 }
 
 /// A base state kept as text may not hold the value to the bit, so the first one is added like all others.
 void CVastrelDoc::KeepValue(const CellRecord& record, const MemberDef& member) {
-  if (!journal_.IsOpen() && !journal_.HasFailed()) KeepMap();
+  NullFeedback nobody;  // no window may come alive in the middle of an edit
+  if (!journal_.IsOpen() && !journal_.HasFailed()) KeepMap(nobody);
   std::string errorText;
   if (journal_.IsOpen() && !journal_.HasFailed() && !journal_.Add(record, member, errorText))
     TellNotKept(errorText);

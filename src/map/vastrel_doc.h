@@ -77,8 +77,8 @@ class CVastrelDoc : public CDocument, public MapContents, public CellListener {
   bool Load(CArchive& archive);
   bool Store(CArchive& archive);
   void ReportErrors(const std::string& errorText);
-  bool BeginJournal(std::string& errorText);
-  void KeepMap();
+  bool BeginJournal(Feedback& feedback, std::string& errorText);
+  void KeepMap(Feedback& feedback);
   void KeepValue(const CellRecord& record, const MemberDef& member);
   void TellNotKept(const std::string& reason);
   void MakeEmptyMap(int width, int height, std::string& errorText);

@@ -42,6 +42,16 @@ class NullFeedback : public Feedback {
   bool WantsEveryEvent() const override { return false; }
 };
 
+/// Lets the window live and tells nobody why.
+class PumpOnly : public NullFeedback {
+ public:
+  explicit PumpOnly(Feedback& sink) : sink_(sink) {}
+  void Pump() override { sink_.Pump(); }
+
+ private:
+  Feedback& sink_;
+};
+
 /// Feedback of a loop with very many steps. Formatting a message costs more than a step itself, so a sink
 /// that shows only the latest state gets the first and then every 256th report.
 class LoopFeedback {
