@@ -65,7 +65,7 @@ TEST(ResourceTables, EveryCommandHasItsTexts) {
     EXPECT_FALSE(FindString(command).text.empty());
     EXPECT_EQ(action.statusTip(), FromResource(PromptOf(command)));
     EXPECT_EQ(action.toolTip(), FromResource(TooltipOf(command)));
-    EXPECT_FALSE(action.whatsThis().isEmpty());
+    EXPECT_TRUE(action.whatsThis().endsWith(u'.')) << "no sentence: " << action.whatsThis().toStdString();
   }
 }
 
