@@ -27,6 +27,9 @@
 #include "ui/resources/string_table.h"
 #include "ui/shown_text.h"
 #include "ui/toolbar_builder.h"
+#include "ui/window_arrangement.h"
+#include "ui/window_keys.h"
+#include "ui/window_list.h"
 
 namespace quorvel {
 namespace {
@@ -48,9 +51,9 @@ constexpr CommandRow<CMainFrame> kFrameCommands[] = {
 /// Asked only while there is a map window.
 constexpr CommandRow<CMainFrame> kWindowCommands[] = {
     {ID_WINDOW_NEW, [](CMainFrame& frame) { frame.OnWindowNew(); }},
-    {ID_WINDOW_CASCADE, [](CMainFrame& frame) { frame.MdiArea().cascadeSubWindows(); }},
+    {ID_WINDOW_CASCADE, [](CMainFrame& frame) { CascadeWindows(frame.MdiArea()); }},
     {ID_WINDOW_TILE_HORZ, [](CMainFrame& frame) { frame.MdiArea().tileSubWindows(); }},
-    {ID_WINDOW_ARRANGE, [](CMainFrame& frame) { frame.OnArrangeIcons(); }},
+    {ID_WINDOW_ARRANGE, [](CMainFrame& frame) { ArrangeIcons(frame.MdiArea()); }},
 };
 
 /// Gives the focus to the pane or to the first control in it that takes it.
@@ -92,13 +95,14 @@ CMainFrame::CMainFrame(CWinApp& application, FrameHost& frames, CommandTarget& a
       actions_(new CommandActions(
           *this, [this] { return CommandChain(); }, [this] { return application_.IsBusy(); })),
       mdiArea_(new QMdiArea(this)),
+      windowList_(new WindowList(*mdiArea_)),
       toolbar_(new QToolBar(this)),
       toolOptionsBar_(new CToolOptionsBar(this)),
       statusBar_(new CStatusBar(this)) {
   setObjectName(QString::number(IDR_MAINFRAME));
-  setWindowTitle(FromResource(FindString(IDR_MAINFRAME).text));
   setWindowIcon(ApplicationIcon());
   setCentralWidget(mdiArea_);
+  AddWindowKeys(*mdiArea_);
   setAcceptDrops(true);
   BuildBars();
   BuildMenuBars();
@@ -120,10 +124,12 @@ void CMainFrame::BuildBars() {
 }
 
 void CMainFrame::BuildMenuBars() {
+  QAction* lastWindowItem = actions_->Action(ID_WINDOW_ARRANGE);
   for (const MenuResource& resource : MenuResources()) {
     menus_[resource.id] = BuildMenus(resource, *actions_, *this);
     for (QMenu* menu : menus_[resource.id]) {
       connect(menu, &QMenu::aboutToShow, actions_, &CommandActions::Refresh);
+      if (menu->actions().contains(lastWindowItem)) windowList_->AddTo(*menu);
     }
   }
 }
@@ -145,8 +151,19 @@ void CMainFrame::FollowActiveFrame() {
   const CDocument* document = frame ? frame->View().GetDocument() : nullptr;
   const CMultiDocTemplateWithID* docTemplate = document ? document->GetDocTemplate() : nullptr;
   LoadMenu(docTemplate ? docTemplate->GetResourceID() : IDR_MAINFRAME);
+  UpdateTitle();
+  windowList_->Update();
   actions_->Refresh();
   emit ActiveFrameChanged();
+}
+
+/// Names the map in front, as a maximized one does by itself.
+void CMainFrame::UpdateTitle() {
+  const CMapFrame* frame = ActiveFrame();
+  const bool namesMap = frame && !frame->isMaximized();
+  const QString title = FromResource(FindString(IDR_MAINFRAME).text);
+  setWindowTitle(namesMap ? QStringLiteral("%1 - %2").arg(title, frame->windowTitle()) : title);
+  setWindowModified(frame && frame->isWindowModified() && windowTitle().contains(QStringLiteral("[*]")));
 }
 
 std::vector<CommandTarget*> CMainFrame::CommandChain() {
@@ -162,12 +179,15 @@ std::vector<CommandTarget*> CMainFrame::CommandChain() {
 
 void CMainFrame::UpdateRecentFiles() {
   const std::vector<std::string>& paths = application_.GetRecentFiles().Paths();
+  QList<QAction*> items;
   for (int place = 0; place < kRecentFileItems; ++place) {
-    QAction* action = actions_->Action(ID_FILE_MRU_FILE1 + place);
-    const bool isUsed = place < static_cast<int>(paths.size());
-    action->setVisible(isUsed || place == 0);
-    if (isUsed) action->setText(RecentFileText(place + 1, paths[static_cast<std::size_t>(place)]));
-    if (!isUsed && place == 0) action->setText(tr("Recent File"));
+    items << actions_->Action(ID_FILE_MRU_FILE1 + place);
+    const bool isUsed = static_cast<std::size_t>(place) < paths.size();
+    items.back()->setText(isUsed ? RecentFileText(place + 1, paths[static_cast<std::size_t>(place)])
+                                 : tr("Recent File"));
+  }
+  for (const auto& [id, menus] : menus_) {
+    ShowItems(*menus.front(), items, std::max<qsizetype>(1, std::ssize(paths)));
   }
 }
 
@@ -195,21 +215,6 @@ void CMainFrame::OnViewStatusBar() {
 
 void CMainFrame::OnWindowNew() {
   if (const CMapFrame* frame = ActiveFrame()) frames_.OpenFrame(*frame->View().GetDocument());
-}
-
-/// Minimized windows stand in rows along the lower edge, from the left.
-void CMainFrame::OnArrangeIcons() {
-  QPoint next(0, mdiArea_->viewport()->height());
-  int rowHeight = 0;
-  for (QMdiSubWindow* window : mdiArea_->subWindowList()) {
-    if (!window->isMinimized()) continue;
-    if (next.x() > 0 && next.x() + window->width() > mdiArea_->viewport()->width()) {
-      next = {0, next.y() - rowHeight};
-    }
-    window->move(next.x(), next.y() - window->height());
-    next.rx() += window->width();
-    rowHeight = window->height();
-  }
 }
 
 /// Walks map, toolbar and tool options; what is hidden or disabled is passed over.

@@ -17,6 +17,7 @@ namespace quorvel {
 class CMapFrame;
 class CWinApp;
 class FrameHost;
+class WindowList;
 
 /// The main window: map windows in its area, menus after the active one, toolbar and tool options side by
 /// side, status bar. Passes commands to whoever handles them: the active view, its document, the frame
@@ -33,12 +34,13 @@ class CMainFrame : public QMainWindow {
   CStatusBar& StatusBar() { return *statusBar_; }
   /// Null when no map is open.
   CMapFrame* ActiveFrame() const;
+  /// Writes the title anew: another map is in front, or its title or state changed.
+  void UpdateTitle();
 
   /// Hands a command of the tool options bar to the document in front; without one nothing happens.
   void ForwardBarCommand(int id, int notification, int position);
 
   void OnWindowNew();
-  void OnArrangeIcons();
   void OnNextPane(int step);
   void OnHelp();
   void OnViewToolbar();
@@ -73,6 +75,7 @@ class CMainFrame : public QMainWindow {
   CommandMap<CMainFrame> windowCommands_;
   CommandActions* actions_;
   QMdiArea* mdiArea_;
+  WindowList* windowList_;
   QToolBar* toolbar_;
   CToolOptionsBar* toolOptionsBar_;
   CStatusBar* statusBar_;

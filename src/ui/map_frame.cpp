@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include <QCloseEvent>
+#include <QMenu>
 
 #include "platform/doc_template.h"
 #include "platform/win_app.h"
@@ -10,6 +11,9 @@
 #include "ui/command_icons.h"
 #include "ui/document_commands.h"
 #include "ui/map_view.h"
+#include "ui/resources/command_ids.h"
+#include "ui/resources/string_table.h"
+#include "ui/shown_text.h"
 
 namespace quorvel {
 
@@ -18,13 +22,17 @@ CMapFrame::CMapFrame(CMapView* view, CWinApp& application)
       application_(application),
       documentCommands_(*view->Document(), quorvel::DocumentCommands()) {
   setWidget(view);
+  view->setWhatsThis(FromResource(FindString(IDS_MAP_WINDOW).whatsThis));
   setAttribute(Qt::WA_DeleteOnClose);
   const CMultiDocTemplateWithID* docTemplate = view->GetDocument()->GetDocTemplate();
   if (docTemplate) {
     setObjectName(QString::number(docTemplate->GetResourceID()));
     setWindowIcon(DocumentIcon(docTemplate->GetResourceID()));
   }
+  // The keys of map windows are the main frame's; a second owner of a key would block it.
+  for (QAction* item : systemMenu()->actions()) item->setShortcuts(QList<QKeySequence>());
   connect(view, &CMapView::TitleChanged, this, &CMapFrame::UpdateTitle);
+  connect(this, &QMdiSubWindow::windowStateChanged, this, &CMapFrame::CaptionChanged);
   UpdateTitle();
 }
 
@@ -51,6 +59,7 @@ void CMapFrame::UpdateTitle() {
   }
   setWindowTitle(title + QStringLiteral("[*]"));
   setWindowModified(document->IsModified());
+  emit CaptionChanged();
 }
 
 void CMapFrame::closeEvent(QCloseEvent* event) {

@@ -28,6 +28,10 @@ class CMapFrame : public QMdiSubWindow {
   /// The document's title, with the number of the view where there are several.
   void UpdateTitle();
 
+ signals:
+  /// The title or the state of the frame changed.
+  void CaptionChanged();
+
  protected:
   void closeEvent(QCloseEvent* event) override;
 

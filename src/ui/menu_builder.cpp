@@ -15,12 +15,24 @@ QList<QMenu*> BuildMenus(const MenuResource& resource, const CommandActions& act
         menu->addSeparator();
         continue;
       }
-      const int rows = item.command == ID_FILE_MRU_FILE1 ? kRecentFileItems : 1;
-      for (int row = 0; row < rows; ++row) menu->addAction(actions.Action(item.command + row));
+      menu->addAction(actions.Action(item.command));
     }
     menus.append(menu);
   }
   return menus;
+}
+
+void ShowItems(QMenu& menu, const QList<QAction*>& items, qsizetype count) {
+  for (qsizetype place = 0; place < items.size(); ++place) {
+    const QList<QAction*> shown = menu.actions();
+    const bool isThere = shown.contains(items[place]);
+    if (place >= count) {
+      menu.removeAction(items[place]);
+    } else if (!isThere) {
+      const qsizetype before = place == 0 ? -1 : shown.indexOf(items[place - 1]);
+      menu.insertAction(before < 0 ? nullptr : shown.value(before + 1), items[place]);
+    }
+  }
 }
 
 }  // namespace quorvel

@@ -12,4 +12,8 @@ namespace quorvel {
 /// being the first of menu 101.
 QList<QMenu*> BuildMenus(const MenuResource& resource, const CommandActions& actions, QWidget& parent);
 
+/// Lets a run of items grow and shrink: the first `count` of them stand in the menu one behind the other, the
+/// first one at the end of the menu if it was not there before.
+void ShowItems(QMenu& menu, const QList<QAction*>& items, qsizetype count);
+
 }  // namespace quorvel

@@ -32,6 +32,7 @@ void QtFrameHost::OpenFrame(CDocument& document) {
   auto* frame = new CMapFrame(view, *application_);
   mainFrame_->MdiArea().addSubWindow(frame);
   connect(view, &QObject::destroyed, this, &QtFrameHost::OnFrameGone);
+  connect(frame, &CMapFrame::CaptionChanged, mainFrame_, &CMainFrame::UpdateTitle);
   frame->ActivateFrame();
   view->OnInitialUpdate();
   UpdateTitles();
@@ -39,7 +40,9 @@ void QtFrameHost::OpenFrame(CDocument& document) {
 
 void QtFrameHost::ActivateFrame(CDocument& document) {
   const auto frames = FramesOf(document);
-  if (!frames.empty()) mainFrame_->MdiArea().setActiveSubWindow(frames.front());
+  if (frames.empty()) return;
+  if (frames.front()->isMinimized()) frames.front()->ActivateFrame();
+  mainFrame_->MdiArea().setActiveSubWindow(frames.front());
 }
 
 void QtFrameHost::CloseFrames(CDocument& document) {

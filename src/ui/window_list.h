@@ -1,0 +1,32 @@
+#pragma once
+
+#include <QActionGroup>
+#include <QList>
+#include <QMdiArea>
+#include <QMenu>
+
+namespace quorvel {
+
+/// The open map windows as items at the end of the Window menus, the one in front checked; choosing one
+/// brings it to the front.
+class WindowList : public QObject {
+  Q_OBJECT
+ public:
+  explicit WindowList(QMdiArea& area);
+
+  /// The list stands at the end of this menu too, behind a separator.
+  void AddTo(QMenu& menu);
+  /// Brings the items up to date with the windows and their titles.
+  void Update();
+
+ private:
+  QAction& Item(qsizetype place);
+  void Activate(const QAction* item);
+
+  QMdiArea& area_;
+  QActionGroup* group_;
+  QList<QMenu*> menus_;
+  QList<QAction*> items_;  // the separator, then one a window, as many as were ever needed
+};
+
+}  // namespace quorvel
