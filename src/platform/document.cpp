@@ -6,27 +6,12 @@
 
 #include <fmt/format.h>
 
+#include "platform/busy_scope.h"
 #include "platform/doc_template.h"
 
 namespace quorvel {
 
 namespace {
-
-/// Keeps the application from breaking into a document's file operation.
-class BusyScope {
- public:
-  explicit BusyScope(DocumentOwner* owner) : owner_(owner) {
-    if (owner_ != nullptr) owner_->BeginBusy();
-  }
-  ~BusyScope() {
-    if (owner_ != nullptr) owner_->EndBusy();
-  }
-  BusyScope(const BusyScope&) = delete;
-  BusyScope& operator=(const BusyScope&) = delete;
-
- private:
-  DocumentOwner* owner_;
-};
 
 std::string Absolute(const std::string& path) {
   std::error_code failed;

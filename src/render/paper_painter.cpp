@@ -18,6 +18,10 @@ constexpr PixelScale kPaperScale{1};
 
 using AfterRow = std::function<void(std::int64_t done, std::int64_t all)>;
 
+/// Some 350 bytes each.
+constexpr std::int64_t kMaxDrawnPieces = 500'000;
+constexpr std::int64_t kBandBytes = 16'000'000;
+
 /// Letters without accents stay between ascent and descent.
 bool IsPlain(const QString& line) {
   return std::all_of(line.begin(), line.end(), [](QChar character) { return character.unicode() < 0x80; });
@@ -37,11 +41,14 @@ class Sheet {
     look_.pixelRatio = kPaperScale.ratio;
   }
 
+  bool IsTooMuchToDraw() const { return CountPieces() > kMaxDrawnPieces; }
+  void DrawAsPixels(const AfterRow& afterRow);
   void DrawGround();
   void DrawCells(const AfterRow& afterRow);
   void DrawInvertedCells();
 
  private:
+  std::int64_t CountPieces() const;
   template <class Draw>
   void ForEachCell(Draw draw);
   void DrawCell(CellCoord cell);
@@ -77,6 +84,26 @@ QPoint Sheet::CornerOf(CellCoord cell) const {
 QRect Sheet::OnPaper(const MapRect& rect) const {
   return {static_cast<int>(rect.left - part_.left), static_cast<int>(rect.top - part_.top),
           static_cast<int>(rect.Width()), static_cast<int>(rect.Height())};
+}
+
+/// Hexagons and texts, if every cell has a record.
+std::int64_t Sheet::CountPieces() const {
+  const bool hasTexts = look_.labels == Labels::Shown && map_.m_pCellClass != nullptr;
+  const std::int64_t texts = hasTexts ? static_cast<std::int64_t>(map_.m_pCellClass->Members().size()) : 0;
+  return std::int64_t{cells_.lastColumn - cells_.firstColumn + 1} * (cells_.lastRow - cells_.firstRow + 1) *
+         (1 + texts);
+}
+
+/// In bands that go to the paper as they come.
+void Sheet::DrawAsPixels(const AfterRow& afterRow) {
+  const std::int64_t bandRows = std::clamp<std::int64_t>(kBandBytes / (part_.Width() * 4), 1, part_.Height());
+  for (std::int64_t top = part_.top; top < part_.bottom; top += bandRows) {
+    const std::int64_t rows = std::min(bandRows, part_.bottom - top);
+    QImage band(static_cast<int>(part_.Width()), static_cast<int>(rows), QImage::Format_RGB32);
+    pixels_.Paint(map_, look_, band, part_.left, top, band.rect());
+    painter_.drawImage(QPoint(0, static_cast<int>(top - part_.top)), band);
+    if (afterRow) afterRow(top + rows - part_.top, part_.Height());
+  }
 }
 
 void Sheet::DrawGround() {
@@ -155,9 +182,13 @@ void PaintOnPaper(QPainter& painter, const MapContents& map, const MapLook& look
   painter.setClipRect(QRect(0, 0, static_cast<int>(part.Width()), static_cast<int>(part.Height())),
                       Qt::IntersectClip);
   Sheet sheet(painter, map, look, part);
-  sheet.DrawGround();
-  sheet.DrawCells(afterRow);
-  sheet.DrawInvertedCells();
+  if (sheet.IsTooMuchToDraw()) {
+    sheet.DrawAsPixels(afterRow);
+  } else {
+    sheet.DrawGround();
+    sheet.DrawCells(afterRow);
+    sheet.DrawInvertedCells();
+  }
   painter.restore();
 }
 

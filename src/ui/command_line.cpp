@@ -14,10 +14,11 @@ CommandLineResult ParseCommandLine(int argc, const char* const* argv) {
   program.add_option("FILE", info.m_files, "Maps to open; with none, no map is opened");
   bool prints = false;
   auto* print = program.add_flag("--print", prints, "Print the maps on the default printer and end");
-  auto* printTo =
-      program.add_option("--print-to", info.m_strPrinterName, "Print the maps on this printer and end")
-          ->option_text("PRINTER")
-          ->excludes(print);
+  auto* printTo = program
+                      .add_option("--print-to", info.m_strPrinterName,
+                                  "Print the maps on this printer, or into this .pdf file, and end")
+                      ->option_text("PRINTER")
+                      ->excludes(print);
   program.footer(
       "Examples:\n  quorvel galaxy.vrl\n  quorvel --print galaxy.vrl\n  quorvel --print-to Office "
       "galaxy.vrl");

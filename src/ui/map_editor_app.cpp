@@ -1,5 +1,7 @@
 #include "ui/map_editor_app.h"
 
+#include <QFile>
+
 #include "map/map_recovery.h"
 #include "map/vastrel_doc.h"
 #include "ui/about_dialog.h"
@@ -36,6 +38,7 @@ CMapEditorApp::CMapEditorApp(Services& services, FrameServices frameServices)
     : CWinApp(services.prompts, frameServices.frames, services.settings),
       services_(services),
       frameServices_(frameServices),
+      printing_(services.prompts, *this),
       commands_(*this, kApplicationCommands) {}
 
 CMapEditorApp::~CMapEditorApp() {
@@ -88,10 +91,7 @@ bool CMapEditorApp::ProcessShellCommand(const CCommandLineInfo& commandLine) {
 
 bool CMapEditorApp::PrintDocument(CDocument& document, const CCommandLineInfo& commandLine) {
   auto* view = dynamic_cast<CMapView*>(document.Views().empty() ? nullptr : document.Views().front());
-  if (view && printing_.PrintDirect(*view, QString::fromStdString(commandLine.m_strPrinterName))) return true;
-  services_.prompts.Message("The map could not be printed.\n" + document.GetPathName(), MessageButtons::Ok,
-                            MessageIcon::Exclamation);
-  return false;
+  return view && printing_.PrintDirect(*view, QFile::decodeName(commandLine.m_strPrinterName.c_str()));
 }
 
 /// The bar belongs to the document in front.

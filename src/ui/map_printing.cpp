@@ -1,22 +1,31 @@
 #include "ui/map_printing.h"
 
 #include <algorithm>
+#include <cstdint>
+#include <functional>
 
 #include <QPageSetupDialog>
 #include <QPainter>
 #include <QPrintDialog>
-#include <QPrintPreviewDialog>
 #include <QPrinterInfo>
+#include <QProgressDialog>
+#include <fmt/format.h>
 
 #include "map/vastrel_doc.h"
+#include "platform/busy_scope.h"
 #include "render/display_text.h"
 #include "render/map_extent.h"
 #include "render/paper_painter.h"
 #include "ui/map_view.h"
 #include "ui/page_tiles.h"
+#include "ui/print_preview.h"
+#include "ui/whole_pdf.h"
 
 namespace quorvel {
 namespace {
+
+constexpr char kPdfSuffix[] = ".pdf";
+constexpr int kStepsPerPage = 100;
 
 PageTiles TilesOf(const QPrinter& printer, CMapView& view) {
   const CVastrelDoc* document = view.Document();
@@ -33,6 +42,40 @@ PageRange ChosenPages(const QPrinter& printer, int count) {
   if (printer.printRange() != QPrinter::PageRange || printer.fromPage() == 0) return {0, count - 1};
   const int first = std::clamp(printer.fromPage(), 1, count);
   return {first - 1, std::clamp(printer.toPage(), first, count) - 1};
+}
+
+/// Told the page, from 0, and how much of it is done, in steps. False: stop.
+using PageProgress = std::function<bool(int page, int step)>;
+
+/// False: the printer refused, or the work was stopped.
+bool PaintPages(QPrinter& printer, CMapView& view, const PageProgress& progress) {
+  const CVastrelDoc* document = view.Document();
+  if (!document || !document->m_pGrid) return false;
+  const PageTiles tiles = TilesOf(printer, view);
+  const MapLook look = view.Look();
+  printer.setDocName(DisplayText(document->GetTitle()));
+
+  QPainter painter;
+  if (!painter.begin(&printer)) return false;
+  const auto [first, last] = ChosenPages(printer, tiles.Count());
+  for (int page = first; page <= last; ++page) {
+    if (!progress(page - first, 0) || (page > first && !printer.newPage())) return false;
+    PaintOnPaper(painter, *document, look, tiles.Tile(page), [&](std::int64_t done, std::int64_t all) {
+      progress(page - first, static_cast<int>(done * kStepsPerPage / all));
+    });
+  }
+  return painter.end();
+}
+
+/// Paints pages for the screen. Labels that are too small to be read there are left out.
+PagePaint PreviewPaint(const QPrinter& printer, CMapView& view) {
+  constexpr double kSmallestReadableScale = 0.3;
+  return
+      [tiles = TilesOf(printer, view), look = view.Look(), &view](QPainter& painter, int page, double scale) {
+        MapLook shown = look;
+        if (scale < kSmallestReadableScale) shown.labels = Labels::Hidden;
+        PaintOnPaper(painter, *view.Document(), shown, tiles.Tile(page));
+      };
 }
 
 }  // namespace
@@ -59,18 +102,28 @@ void MapPrinting::Print(CMapView& view) {
 }
 
 void MapPrinting::Preview(CMapView& view) {
-  QPrintPreviewDialog dialog(&Printer(), &view);
-  dialog.setWindowTitle(QObject::tr("Print Preview"));
-  QObject::connect(&dialog, &QPrintPreviewDialog::paintRequested, &dialog,
-                   [&view](QPrinter* printer) { PrintPages(*printer, view); });
-  dialog.resize(view.window()->size());
-  dialog.exec();
+  const QPrinter& printer = Printer();
+  auto* pages = new PaperView(printer.pageLayout(), printer.resolution(), CountPages(printer, view),
+                              PreviewPaint(printer, view));
+  PrintPreview preview(pages, &view);
+  preview.resize(view.window()->size());
+  if (preview.exec() == QDialog::Accepted) Print(view);
 }
 
 bool MapPrinting::PrintDirect(CMapView& view, const QString& printerName) {
+  if (printerName.endsWith(QLatin1String(kPdfSuffix), Qt::CaseInsensitive)) {
+    QPrinter file(QPrinter::HighResolution);
+    file.setOutputFormat(QPrinter::PdfFormat);
+    file.setOutputFileName(printerName);
+    return PrintPages(file, view);
+  }
   const QPrinterInfo info =
       printerName.isEmpty() ? QPrinterInfo::defaultPrinter() : QPrinterInfo::printerInfo(printerName);
-  if (info.isNull()) return false;
+  if (info.isNull()) {
+    Refuse(view, printerName.isEmpty() ? "There is no default printer"
+                                       : fmt::format("There is no printer {}", printerName.toStdString()));
+    return false;
+  }
   QPrinter printer(info, QPrinter::HighResolution);
   return PrintPages(printer, view);
 }
@@ -80,20 +133,32 @@ int MapPrinting::CountPages(const QPrinter& printer, CMapView& view) {
 }
 
 bool MapPrinting::PrintPages(QPrinter& printer, CMapView& view) {
-  const CVastrelDoc* document = view.Document();
-  if (!document || !document->m_pGrid) return false;
-  const PageTiles tiles = TilesOf(printer, view);
-  const MapLook look = view.Look();
-  printer.setDocName(DisplayText(document->GetTitle()));
+  const BusyScope busy(&owner_);
+  const PageRange pages = ChosenPages(printer, CountPages(printer, view));
+  const int count = pages.last - pages.first + 1;
+  QProgressDialog dialog(QString(), QObject::tr("Cancel"), 0, kStepsPerPage, &view);
+  dialog.setWindowTitle(QObject::tr("Print"));
+  dialog.setWindowModality(Qt::WindowModal);
+  const auto progress = [&](int page, int step) {
+    dialog.setLabelText(QObject::tr("Printing page %1 of %2").arg(page + 1).arg(count));
+    dialog.setValue(static_cast<int>((std::int64_t{page} * kStepsPerPage + step) / count));
+    return !dialog.wasCanceled();
+  };
+  const auto paint = [&](QPrinter& paper) {
+    const bool painted = PaintPages(paper, view, progress);
+    if (dialog.wasCanceled()) paper.abort();
+    return painted;
+  };
+  std::string reason = "The printer does not take it";
+  const bool toFile = printer.outputFormat() == QPrinter::PdfFormat;
+  const bool printed = toFile ? PrintWholePdf(printer, paint, reason) : paint(printer);
+  if (!printed && !dialog.wasCanceled()) Refuse(view, reason);
+  return printed;
+}
 
-  QPainter painter;
-  if (!painter.begin(&printer)) return false;
-  const auto [first, last] = ChosenPages(printer, tiles.Count());
-  for (int page = first; page <= last; ++page) {
-    if (page > first && !printer.newPage()) return false;
-    PaintOnPaper(painter, *document, look, tiles.Tile(page));
-  }
-  return painter.end();
+void MapPrinting::Refuse(const CMapView& view, const std::string& reason) {
+  prompts_.Message(fmt::format("Cannot print {}:\n{}", view.GetDocument()->GetTitle(), reason),
+                   MessageButtons::Ok, MessageIcon::Exclamation);
 }
 
 }  // namespace quorvel

@@ -3,7 +3,9 @@
 #include <QRegularExpression>
 
 #include "tests/ui/editor.h"
+#include "tests/ui/modal_script.h"
 #include "ui/page_tiles.h"
+#include "ui/print_preview.h"
 
 namespace quorvel {
 namespace {
@@ -51,7 +53,7 @@ TEST_F(PdfPrinting, CutsTheMapIntoPages) {
   ASSERT_TRUE(editor.OpenMap(20, 10));  // 1748 x 1050 pixels
   const int pages = MapPrinting::CountPages(printer, editor.View());
   EXPECT_GE(pages, 6);
-  ASSERT_TRUE(MapPrinting::PrintPages(printer, editor.View()));
+  ASSERT_TRUE(editor.app.Printing().PrintPages(printer, editor.View()));
   EXPECT_EQ(PagesInFile(), pages);
 }
 
@@ -59,8 +61,55 @@ TEST_F(PdfPrinting, PrintsTheRangeAskedFor) {
   ASSERT_TRUE(editor.OpenMap(20, 10));
   printer.setPrintRange(QPrinter::PageRange);
   printer.setFromTo(2, 4);
-  ASSERT_TRUE(MapPrinting::PrintPages(printer, editor.View()));
+  ASSERT_TRUE(editor.app.Printing().PrintPages(printer, editor.View()));
   EXPECT_EQ(PagesInFile(), 3);
+}
+
+TEST(DirectPrinting, SaysWhyNotAndLeavesNothingBehind) {
+  Editor editor;
+  ASSERT_TRUE(editor.OpenMap(3, 3));
+  std::filesystem::create_directory(editor.folder / "taken.pdf");
+  const std::string folder = editor.folder / "";
+  struct Row {
+    std::string printer, reason;
+  };
+  const Row rows[] = {{"Office", "There is no printer Office"},
+                      {folder + "none/map.pdf", "No such file or directory"},
+                      {folder + "taken.pdf", "Is a directory"}};
+  for (const Row& row : rows) {
+    EXPECT_FALSE(editor.app.Printing().PrintDirect(editor.View(), QString::fromStdString(row.printer)));
+    EXPECT_EQ(editor.prompts.messages.back(), "Cannot print map.vrl:\n" + row.reason);
+  }
+  const std::string pdf = folder + "new.PDF";
+  EXPECT_TRUE(editor.app.Printing().PrintDirect(editor.View(), QString::fromStdString(pdf)));
+  EXPECT_TRUE(editor.folder.Read("new.PDF").starts_with("%PDF"));
+}
+
+TEST(PrintPreview, CountsThePagesAndTurnsThem) {
+  Editor editor;
+  ASSERT_TRUE(editor.OpenMap(120, 3));  // 10,349 pixels wide: more than A4 has at 1200 dots an inch
+  WhenModal([](QDialog& preview) {
+    const auto press = [&preview](const char* text) {
+      for (auto* button : preview.findChildren<QPushButton*>()) {
+        if (button->text() == text) button->click();
+      }
+      return preview.findChild<QLabel*>()->text().toStdString();
+    };
+    EXPECT_EQ(press(""), "Page 1 of 2");
+    const auto* pages = preview.findChild<PaperView*>();
+    const auto shot = [pages] { return const_cast<PaperView*>(pages)->grab().toImage(); };
+    const QImage first = shot();
+    EXPECT_EQ(press("&Next Page"), "Page 2 of 2");
+    EXPECT_NE(shot(), first) << "the second page has the rest";
+    QTest::keyClick(&preview, Qt::Key_PageUp);
+    EXPECT_EQ(shot(), first);
+    EXPECT_EQ(press("&Two Page"), "Pages 1-2 of 2");
+    const int width = pages->width();
+    press("Zoom &In");
+    EXPECT_GT(pages->width(), width);
+    press("&Close");
+  });
+  editor.Run(ID_FILE_PRINT_PREVIEW);
 }
 
 }  // namespace

@@ -1,0 +1,56 @@
+#pragma once
+
+#include <functional>
+#include <map>
+
+#include <QImage>
+#include <QPageLayout>
+#include <QWidget>
+
+namespace quorvel {
+
+/// Paints page `page`, from 0, at the painter's origin, in the printer's pixels. `scale` is how large one of
+/// them is on the screen.
+using PagePaint = std::function<void(QPainter& painter, int page, double scale)>;
+
+/// One sheet of paper, or two side by side, as they will come out of the printer. Draws a page when it is
+/// first shown.
+class PaperView : public QWidget {
+  Q_OBJECT
+ public:
+  /// `paper` is the printer's, with `dotsPerInch` pixels.
+  PaperView(const QPageLayout& paper, int dotsPerInch, int pageCount, PagePaint paint);
+
+  int FirstPage() const { return firstPage_; }
+  int LastPage() const;
+  int PageCount() const { return pageCount_; }
+  bool ShowsTwo() const { return showsTwo_; }
+
+  /// The pages beside `first` follow it; held within what there is.
+  void ShowPage(int first);
+  void ShowTwo(bool two);
+  /// 1: the sheets fit into `room`; larger: so many times as large.
+  void Fit(QSize room, double zoom);
+
+  QSize sizeHint() const override { return size(); }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  int ShownCount() const { return LastPage() - firstPage_ + 1; }
+  QSize SheetSize() const;
+  const QImage& Sheet(int page);
+  QImage Draw(int page) const;
+
+  QPageLayout paper_;
+  int dotsPerInch_;
+  int pageCount_;
+  PagePaint paint_;
+  int firstPage_ = 0;
+  bool showsTwo_ = false;
+  double scale_ = 0.1;  // logical screen pixels a printer's pixel
+  std::map<int, QImage> sheets_;
+};
+
+}  // namespace quorvel
