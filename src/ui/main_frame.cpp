@@ -244,6 +244,7 @@ bool CMainFrame::event(QEvent* event) {
       statusBar_->SetPrompt(static_cast<QStatusTipEvent*>(event)->tip());
       return true;
     case QEvent::WindowUnblocked:
+      if (QGuiApplication::applicationState() == Qt::ApplicationActive) activateWindow();
       emit Unblocked();
       break;
     default:

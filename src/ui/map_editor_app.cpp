@@ -55,6 +55,7 @@ bool CMapEditorApp::InitInstance(const CCommandLineInfo& commandLine) {
   const bool prints = commandLine.m_nShellCommand >= CCommandLineInfo::FilePrint;
   if (prints) return ProcessShellCommand(commandLine);
   mainFrame_->show();
+  mainFrame_->activateWindow();  // a display without a window manager gives the keyboard to nobody
   const bool isAnyBack = OfferRecovery(*this, services_);  // before a file of the command line takes its path
   return ProcessShellCommand(commandLine) || isAnyBack;
 }
