@@ -5,6 +5,7 @@
 #include <QFontMetrics>
 
 #include "ui/resources/toolbar.h"
+#include "ui/tool_button_accessible.h"
 
 namespace quorvel {
 namespace {
@@ -20,6 +21,7 @@ int IconScale(const QToolBar& toolbar) {
 void BuildToolbar(const CommandActions& actions, QToolBar& toolbar) {
   const int side = kToolbarButtonWidthPx * IconScale(toolbar) / 16;
   toolbar.setIconSize(QSize(side, side));
+  ReadToolButtonsAsPushButtons();
   for (const int command : kToolbarButtons) {
     if (command == ID_SEPARATOR) {
       toolbar.addSeparator();
@@ -31,6 +33,7 @@ void BuildToolbar(const CommandActions& actions, QToolBar& toolbar) {
     button->setObjectName(QString::number(command));
     button->setFocusPolicy(Qt::TabFocus);
     button->setAccessibleName(action->toolTip());
+    button->setAccessibleDescription(action->statusTip());
   }
 }
 
