@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QFile>
 #include <QFileDialog>
+#include <QFileInfo>
 #include <QMessageBox>
 
 #include "render/display_text.h"
@@ -57,17 +58,22 @@ void FollowChosenType(QFileDialog& dialog, const std::vector<FileFilter>& filter
   setSuffix(dialog.selectedNameFilter());
 }
 
-std::optional<std::string> RunFileDialog(const FilePrompt& prompt, QFileDialog::AcceptMode mode) {
-  QFileDialog dialog(QApplication::activeWindow());
-  dialog.setAcceptMode(mode);
-  dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+/// Fills the dialog with what the prompt says; `folder` where the prompt names none.
+void Prepare(QFileDialog& dialog, const FilePrompt& prompt, const QString& folder) {
   if (!prompt.title.empty()) dialog.setWindowTitle(DisplayText(prompt.title));
   QStringList filters;
   for (const FileFilter& filter : prompt.filters) filters << DisplayText(filter.name);
   if (!filters.isEmpty()) dialog.setNameFilters(filters);
-  if (!prompt.folder.empty()) dialog.setDirectory(QFile::decodeName(prompt.folder.c_str()));
+  const QString start = prompt.folder.empty() ? folder : QFile::decodeName(prompt.folder.c_str());
+  if (!start.isEmpty()) dialog.setDirectory(start);
   if (!prompt.name.empty()) dialog.selectFile(QFile::decodeName(prompt.name.c_str()));
-  FollowChosenType(dialog, prompt.filters);
+}
+
+QString FolderOf(const std::string& path) {
+  return QFileInfo(QFile::decodeName(path.c_str())).path();
+}
+
+std::optional<std::string> Run(QFileDialog& dialog) {
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return std::nullopt;
   return QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
 }
@@ -78,7 +84,7 @@ Answer QtPrompts::Message(const std::string& text, MessageButtons buttons, Messa
   QMessageBox box(QApplication::activeWindow());
   box.setWindowTitle(FromResource(FindString(IDS_APP_TITLE).text));
   box.setTextFormat(Qt::PlainText);
-  box.setText(DisplayText(text).trimmed());
+  box.setText(DisplayText(text));
   box.setIcon(icon == MessageIcon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon);
   box.setStandardButtons(ButtonsOf(buttons));
   if (buttons == MessageButtons::SaveDiscardCancel) box.setDefaultButton(QMessageBox::Save);
@@ -87,11 +93,26 @@ Answer QtPrompts::Message(const std::string& text, MessageButtons buttons, Messa
 }
 
 std::optional<std::string> QtPrompts::OpenFileName(const FilePrompt& prompt) {
-  return RunFileDialog(prompt, QFileDialog::AcceptOpen);
+  QFileDialog dialog(QApplication::activeWindow());
+  dialog.setFileMode(QFileDialog::ExistingFile);
+  Prepare(dialog, prompt, folder_);
+  if (dialog.nameFilters().contains(filter_)) dialog.selectNameFilter(filter_);
+  FollowChosenType(dialog, prompt.filters);
+  const std::optional<std::string> name = Run(dialog);
+  filter_ = dialog.selectedNameFilter();
+  if (name && prompt.folder.empty()) folder_ = FolderOf(*name);
+  return name;
 }
 
 std::optional<std::string> QtPrompts::SaveFileName(const FilePrompt& prompt) {
-  return RunFileDialog(prompt, QFileDialog::AcceptSave);
+  QFileDialog dialog(QApplication::activeWindow());
+  dialog.setAcceptMode(QFileDialog::AcceptSave);
+  dialog.setFileMode(QFileDialog::AnyFile);
+  Prepare(dialog, prompt, folder_);
+  FollowChosenType(dialog, prompt.filters);
+  const std::optional<std::string> name = Run(dialog);
+  if (name) folder_ = FolderOf(*name);
+  return name;
 }
 
 std::optional<std::size_t> QtPrompts::SelectType(const std::vector<std::string>& types) {

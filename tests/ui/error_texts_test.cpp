@@ -66,7 +66,7 @@ TEST(ErrorTexts, OfDefinitions) {
     if (!row.definitions.empty()) editor.GiveDefinitions(row.definitions);
     std::vector<ModalSteps> script = {AcceptType};
     script.insert(script.end(), row.before.begin(), row.before.end());
-    script.push_back(Says("Map file error:\n\n" + row.text));
+    script.push_back(Says("Map file error:\n\n" + row.text + "\n"));
     WhenModals(script);
     editor.Run(ID_FILE_NEW);
     editor.Settle();
@@ -109,7 +109,7 @@ TEST(ErrorTexts, OfMapFiles) {
   for (const Row& row : rows) {
     SCOPED_TRACE(row.title);
     Editor editor(Answers::InWindows);
-    WhenModals({Says("Map file error:\n\n" + row.text)});
+    WhenModals({Says("Map file error:\n\n" + row.text + "\n")});
     const CVastrelDoc* document = editor.Open(editor.folder.Write("map.gdf", FileText(row.file)));
     EXPECT_EQ(document != nullptr, row.opens);
     EXPECT_EQ(editor.app.GetRecentFiles().Paths().size(), row.opens ? 1U : 0U);
