@@ -208,6 +208,23 @@ void DrawMapPage(QPainter& painter, const Inks& inks) {
   DrawGalaxy(painter, inks, {8, 9.4}, 1.7);
 }
 
+void DrawMinimize(QPainter& painter, const Inks& inks) {
+  painter.setPen(LinePen(inks, 1.4));
+  painter.drawLine(QPointF(4, 11), QPointF(12, 11));
+}
+
+void DrawRestore(QPainter& painter, const Inks& inks) {
+  painter.setPen(LinePen(inks, 1.2));
+  painter.drawPolyline(QPolygonF{{6, 6}, {6, 4}, {12, 4}, {12, 10}, {10, 10}});
+  painter.drawRect(QRectF(4, 6, 6, 6));
+}
+
+void DrawClose(QPainter& painter, const Inks& inks) {
+  painter.setPen(LinePen(inks, 1.4));
+  painter.drawLine(QPointF(4.5, 4.5), QPointF(11.5, 11.5));
+  painter.drawLine(QPointF(11.5, 4.5), QPointF(4.5, 11.5));
+}
+
 using Drawing = void (*)(QPainter&, const Inks&);
 
 struct IconRow {
@@ -263,6 +280,11 @@ class DrawnIcon final : public QIconEngine {
 QIcon CommandIcon(int command) {
   const auto* row = std::ranges::find(kIcons, command, &IconRow::command);
   return row == std::end(kIcons) ? QIcon() : QIcon(new DrawnIcon(row->draw));
+}
+
+QIcon WindowButtonIcon(WindowButton button) {
+  constexpr Drawing kDrawings[] = {DrawMinimize, DrawRestore, DrawClose};
+  return QIcon(new DrawnIcon(kDrawings[static_cast<int>(button)]));
 }
 
 QIcon DocumentIcon(int resourceId) {

@@ -8,6 +8,10 @@ namespace quorvel {
 /// A null icon for every other command.
 QIcon CommandIcon(int command);
 
+enum class WindowButton { Minimize, Restore, Close };
+/// What stands on the buttons of a maximized map window.
+QIcon WindowButtonIcon(WindowButton button);
+
 /// Icon 100: the editor's own, a ring of coloured cells.
 QIcon ApplicationIcon();
 

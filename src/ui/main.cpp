@@ -10,6 +10,7 @@
 #include "platform/state_folder.h"
 #include "ui/command_line.h"
 #include "ui/dialogs/map_dialogs.h"
+#include "ui/frame_style.h"
 #include "ui/map_editor_app.h"
 #include "ui/qt_prompts.h"
 #include "ui/resources/version_info.h"
@@ -59,6 +60,7 @@ int RunEditor(const quorvel::CCommandLineInfo& commandLine) {
 int main(int argc, char** argv) {
   if (argc > 1 && AsksForText(argc, argv)) return quorvel::ParseCommandLine(argc, argv).exitCode;
   QApplication application(argc, argv);  // takes the toolkit's own options out of argv
+  QApplication::setStyle(new quorvel::FrameStyle);
   QApplication::setApplicationName(QString::fromLatin1(quorvel::kProductName));
   QGuiApplication::setDesktopFileName(QStringLiteral("quorvel"));
   const quorvel::CommandLineResult parsed = quorvel::ParseCommandLine(argc, argv);
