@@ -23,6 +23,13 @@ std::string SettingsFileIn(std::string_view folder) {
   return folder.starts_with('/') ? std::string(folder) + "/" + std::string(kFileName) : std::string();
 }
 
+std::string SettingsFileOfPrefix() {
+  std::error_code ignored;
+  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", ignored);
+  const std::filesystem::path file = program.parent_path().parent_path() / "etc/xdg" / kFileName;
+  return std::filesystem::exists(file, ignored) ? file.string() : std::string();
+}
+
 std::string_view WithoutTrailingBackslashes(std::string_view key) {
   while (key.ends_with('\\')) key.remove_suffix(1);
   return key;
@@ -58,6 +65,8 @@ SettingsPlaces SettingsPlaces::FromEnvironment() {
     if (!file.empty()) places.systemFiles.push_back(file);
     folders = end == folders.npos ? std::string_view() : folders.substr(end + 1);
   }
+  const std::string own = SettingsFileOfPrefix();
+  if (!own.empty()) places.systemFiles.push_back(own);
   return places;
 }
 

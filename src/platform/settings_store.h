@@ -18,7 +18,8 @@ struct SettingsPlaces {
   std::vector<std::string> systemFiles;  ///< read only, the first wins; as an installer leaves them
 
   /// Kelmsor/Quorvel.conf below $XDG_CONFIG_HOME (else ~/.config), and below each folder of $XDG_CONFIG_DIRS
-  /// (else /etc/xdg).
+  /// (else /etc/xdg). Last, where there is one, that of a copy installed under a prefix of its own:
+  /// ../etc/xdg beside the program's folder.
   static SettingsPlaces FromEnvironment();
 };
 

@@ -2,6 +2,7 @@
 #include <string_view>
 
 #include <QApplication>
+#include <QDir>
 #include <QFile>
 #include <QStandardPaths>
 
@@ -26,8 +27,10 @@ bool AsksForText(int argc, char** argv) {
 
 /// Where an installed copy has its definitions; empty: not installed.
 std::string InstalledShareFolder() {
-  const QString folder = QStandardPaths::locate(QStandardPaths::GenericDataLocation,
-                                                QStringLiteral("quorvel"), QStandardPaths::LocateDirectory);
+  QString folder = QStandardPaths::locate(QStandardPaths::GenericDataLocation, QStringLiteral("quorvel"),
+                                          QStandardPaths::LocateDirectory);
+  const QDir ofPrefix(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/quorvel"));
+  if (folder.isEmpty() && ofPrefix.exists()) folder = ofPrefix.canonicalPath();
   return QFile::encodeName(folder).toStdString();
 }
 

@@ -1,5 +1,7 @@
 // The shell around the windows: command line, registered file types, About box, help, panes.
 
+#include <fstream>
+
 #include <QComboBox>
 #include <QLabel>
 #include <QTextBrowser>
@@ -54,6 +56,22 @@ TEST(ShellRegistration, WritesTypesAndEntryOnceAndOnlyWhenChanged) {
   std::filesystem::last_write_time(path, written);
   RegisterShellFileTypes(editor.app.Templates());
   EXPECT_EQ(std::filesystem::last_write_time(path), written);
+}
+
+TEST(ShellRegistration, AnInstalledCopyBringsTheSameTypes) {
+  Editor editor;
+  std::ifstream entryFile(std::string(QUORVEL_SOURCE_DIR) + "/share/applications/quorvel.desktop");
+  std::ifstream typesFile(std::string(QUORVEL_SOURCE_DIR) + "/share/mime/quorvel.xml");
+  const std::string entry(std::istreambuf_iterator<char>(entryFile), {});
+  const std::string types(std::istreambuf_iterator<char>(typesFile), {});
+  for (const auto& docTemplate : editor.app.Templates()) {
+    const std::string mimeType = MimeTypeOf(*docTemplate);
+    EXPECT_NE(entry.find(mimeType + ";"), entry.npos) << mimeType;
+    for (const std::string& part : {"\"" + mimeType + "\"", "*" + docTemplate->Strings().filterExt,
+                                    docTemplate->Strings().regFileTypeName}) {
+      EXPECT_NE(types.find(part), types.npos) << part;
+    }
+  }
 }
 
 TEST(AboutDialog, ShowsTheVersion) {
