@@ -94,6 +94,7 @@ CMainFrame::CMainFrame(CWinApp& application, FrameHost& frames, CommandTarget& a
       windowCommands_(*this, kWindowCommands),
       actions_(new CommandActions(
           *this, [this] { return CommandChain(); }, [this] { return application_.IsBusy(); })),
+      menus_(*actions_, *this),
       mdiArea_(new QMdiArea(this)),
       windowList_(new WindowList(*mdiArea_)),
       toolbar_(new QToolBar(this)),
@@ -105,7 +106,7 @@ CMainFrame::CMainFrame(CWinApp& application, FrameHost& frames, CommandTarget& a
   AddWindowKeys(*mdiArea_);
   setAcceptDrops(true);
   BuildBars();
-  BuildMenuBars();
+  windowList_->AddTo(menus_.Popup("&Window"));
   connect(mdiArea_, &QMdiArea::subWindowActivated, this, &CMainFrame::FollowActiveFrame);
   connect(toolOptionsBar_, &CToolOptionsBar::Command, this, &CMainFrame::ForwardBarCommand);
   connect(statusBar_, &CStatusBar::PositionClicked, actions_->Action(ID_GO_TO_CELL), &QAction::trigger);
@@ -123,23 +124,11 @@ void CMainFrame::BuildBars() {
   setStatusBar(statusBar_);
 }
 
-void CMainFrame::BuildMenuBars() {
-  QAction* lastWindowItem = actions_->Action(ID_WINDOW_ARRANGE);
-  for (const MenuResource& resource : MenuResources()) {
-    menus_[resource.id] = BuildMenus(resource, *actions_, *this);
-    for (QMenu* menu : menus_[resource.id]) {
-      connect(menu, &QMenu::aboutToShow, actions_, &CommandActions::Refresh);
-      if (menu->actions().contains(lastWindowItem)) windowList_->AddTo(*menu);
-    }
-  }
-}
-
 void CMainFrame::LoadMenu(int resourceId) {
   if (menuId_ == resourceId) return;
   menuId_ = resourceId;
-  menuBar()->clear();
-  menuBar()->setObjectName(QString::number(resourceId));
-  for (QMenu* menu : menus_[resourceId]) menuBar()->addMenu(menu);
+  const auto resource = std::ranges::find(MenuResources(), resourceId, &MenuResource::id);
+  menus_.Load(*resource, *menuBar());
 }
 
 CMapFrame* CMainFrame::ActiveFrame() const {
@@ -186,9 +175,7 @@ void CMainFrame::UpdateRecentFiles() {
     items.back()->setText(isUsed ? RecentFileText(place + 1, paths[static_cast<std::size_t>(place)])
                                  : tr("Recent File"));
   }
-  for (const auto& [id, menus] : menus_) {
-    ShowItems(*menus.front(), items, std::max<qsizetype>(1, std::ssize(paths)));
-  }
+  ShowItems(menus_.Popup("&File"), items, std::max<qsizetype>(1, std::ssize(paths)));
 }
 
 void CMainFrame::ForwardBarCommand(int id, int notification, int position) {

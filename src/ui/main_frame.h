@@ -1,14 +1,13 @@
 #pragma once
 
-#include <map>
 #include <vector>
 
-#include <QList>
 #include <QMainWindow>
 #include <QMdiArea>
 
 #include "ui/command_actions.h"
 #include "ui/command_target.h"
+#include "ui/menu_builder.h"
 #include "ui/status_bar.h"
 #include "ui/tool_options_bar.h"
 
@@ -63,7 +62,6 @@ class CMainFrame : public QMainWindow {
  private:
   std::vector<CommandTarget*> CommandChain();
   void BuildBars();
-  void BuildMenuBars();
   void LoadMenu(int resourceId);
   void FollowActiveFrame();
   void UpdateRecentFiles();
@@ -74,12 +72,12 @@ class CMainFrame : public QMainWindow {
   CommandMap<CMainFrame> commands_;
   CommandMap<CMainFrame> windowCommands_;
   CommandActions* actions_;
+  PopupMenus menus_;
   QMdiArea* mdiArea_;
   WindowList* windowList_;
   QToolBar* toolbar_;
   CToolOptionsBar* toolOptionsBar_;
   CStatusBar* statusBar_;
-  std::map<int, QList<QMenu*>> menus_;
   int menuId_ = 0;
 };
 

@@ -5,21 +5,31 @@
 
 namespace quorvel {
 
-QList<QMenu*> BuildMenus(const MenuResource& resource, const CommandActions& actions, QWidget& parent) {
-  QList<QMenu*> menus;
-  for (const PopupMenu& popup : resource.popups) {
-    auto* menu = new QMenu(FromResource(popup.text), &parent);
-    menu->setObjectName(QStringLiteral("%1/%2").arg(resource.id).arg(menus.size()));
-    for (const MenuItem& item : popup.items) {
-      if (item.command == ID_SEPARATOR) {
-        menu->addSeparator();
-        continue;
-      }
-      menu->addAction(actions.Action(item.command));
-    }
-    menus.append(menu);
+QMenu& PopupMenus::Popup(std::string_view title) {
+  QMenu*& popup = popups_[title];
+  if (!popup) {
+    popup = new QMenu(FromResource(title), &window_);
+    QObject::connect(popup, &QMenu::aboutToShow, &actions_, &CommandActions::Refresh);
   }
-  return menus;
+  return *popup;
+}
+
+void PopupMenus::Load(const MenuResource& resource, QMenuBar& bar) {
+  bar.clear();
+  bar.setObjectName(QString::number(resource.id));
+  for (const PopupMenu& row : resource.popups) {
+    QMenu& popup = Popup(row.text);
+    popup.setObjectName(QStringLiteral("%1/%2").arg(resource.id).arg(bar.actions().size()));
+    popup.clear();
+    for (const MenuItem& item : row.items) {
+      if (item.command == ID_SEPARATOR) {
+        popup.addSeparator();
+      } else {
+        popup.addAction(actions_.Action(item.command));
+      }
+    }
+    bar.addMenu(&popup);
+  }
 }
 
 void ShowItems(QMenu& menu, const QList<QAction*>& items, qsizetype count) {

@@ -19,18 +19,20 @@ QString ItemText(qsizetype number, const QMdiSubWindow& window) {
 WindowList::WindowList(QMdiArea& area) : QObject(&area), area_(area), group_(new QActionGroup(this)) {
   auto* separator = new QAction(this);
   separator->setSeparator(true);
+  separator->setObjectName(kWindowItemName);
   items_.append(separator);
   connect(group_, &QActionGroup::triggered, this, &WindowList::Activate);
 }
 
 void WindowList::AddTo(QMenu& menu) {
-  menus_.append(&menu);
+  menu_ = &menu;
   connect(&menu, &QMenu::aboutToShow, this, &WindowList::Update);
 }
 
 QAction& WindowList::Item(qsizetype place) {
   while (items_.size() <= place) {
     auto* item = new QAction(group_);
+    item->setObjectName(kWindowItemName);
     item->setCheckable(true);
     item->setStatusTip(tr("Activate this window"));
     items_.append(item);
@@ -45,7 +47,7 @@ void WindowList::Update() {
     item.setText(ItemText(place + 1, *windows[place]));
     item.setChecked(windows[place] == area_.currentSubWindow());
   }
-  for (QMenu* menu : menus_) ShowItems(*menu, items_, windows.isEmpty() ? 0 : windows.size() + 1);
+  if (menu_) ShowItems(*menu_, items_, windows.isEmpty() ? 0 : windows.size() + 1);
 }
 
 void WindowList::Activate(const QAction* item) {

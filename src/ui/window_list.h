@@ -7,14 +7,17 @@
 
 namespace quorvel {
 
-/// The open map windows as items at the end of the Window menus, the one in front checked; choosing one
+/// Object name of each item of the list and of its separator.
+inline constexpr char kWindowItemName[] = "window";
+
+/// The open map windows as items at the end of the Window menu, the one in front checked; choosing one
 /// brings it to the front.
 class WindowList : public QObject {
   Q_OBJECT
  public:
   explicit WindowList(QMdiArea& area);
 
-  /// The list stands at the end of this menu too, behind a separator.
+  /// From now on the list stands at the end of this menu, behind a separator.
   void AddTo(QMenu& menu);
   /// Brings the items up to date with the windows and their titles.
   void Update();
@@ -25,7 +28,7 @@ class WindowList : public QObject {
 
   QMdiArea& area_;
   QActionGroup* group_;
-  QList<QMenu*> menus_;
+  QMenu* menu_ = nullptr;
   QList<QAction*> items_;  // the separator, then one a window, as many as were ever needed
 };
 

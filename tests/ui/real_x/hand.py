@@ -107,11 +107,12 @@ class Editor:
         return until(ready, f"the dialog {title!r}")
 
     def find(self, role, name, inside=None):
-        """The one thing of this role with this name or description, once it is shown."""
+        """The first thing of this role with this name or description, once it is shown."""
 
-        def look():
-            return next((thing for thing in walk(inside or self.frame)
-                         if thing.get_role_name() == role and name in texts(thing)), None)
+        def look():  # through everything: what was seen once must still be right when it is seen elsewhere
+            found = [thing for thing in walk(inside or self.frame)
+                     if thing.get_role_name() == role and name in texts(thing)]
+            return found[0] if found else None
 
         return until(look, f"a {role} {name!r}")
 
@@ -128,8 +129,11 @@ class Editor:
         until(lambda: panes()[1:] == [text], f"the position {text!r}")
 
     def await_keyboard_in_map(self):
-        view = self.find("filler", "Map view")
-        until(lambda: has(view, Atspi.StateType.FOCUSED), "the keyboard in the map")
+        def has_it():
+            return any(thing.get_name() == "Map view" and has(thing, Atspi.StateType.FOCUSED)
+                       for thing in walk(self.frame))
+
+        until(has_it, "the keyboard in the map")
 
     def keys(self, *keys):
         xdotool("key", "--clearmodifiers", *keys)

@@ -16,6 +16,22 @@ def inverted(colour):
     return colour ^ 0xFFFFFF
 
 
+def enter_name(editor, title, path):
+    """Into the file dialog with this title."""
+    name = editor.find("text", "File name:", editor.dialog(title))
+    editor.click(name)
+    editor.keys("ctrl+a")
+    editor.type(str(path))
+    editor.keys("Return")
+    editor.await_title(f"Quorvel Vastrelum - [{path.name}]")
+
+
+def open_map(editor, path):
+    editor.await_title("Quorvel Vastrelum")
+    editor.choose("f", "Open...")
+    enter_name(editor, "Open", path)
+
+
 def zoom_and_point(editor):
     editor.await_keyboard_in_map()
     editor.keys("minus", "minus", "equal", "minus", "minus")
@@ -70,12 +86,7 @@ def save_as_text(editor, path):
     editor.choose("f", "Save As...")
     editor.click(editor.find("list item", "text", editor.dialog("Version Data")))
     editor.keys("Return")
-    names = editor.find("text", "File name:", editor.dialog("Save As"))
-    editor.click(names)
-    editor.keys("ctrl+a")
-    editor.type(str(path))
-    editor.keys("Return")
-    editor.await_title(f"Quorvel Vastrelum - [{path.name}]")
+    enter_name(editor, "Save As", path)
 
 
 def leave(editor, cells):
@@ -113,9 +124,9 @@ def main():
         sample = pathlib.Path(samples) / "galaxy.vrl"
         saved, mine = (pathlib.Path(folder) / name for name in ("galaxy.vrl", "mine.vrl"))
         shutil.copy(sample, saved)
-        editor = Editor(program, str(saved))
+        editor = Editor(program)
         try:
-            editor.await_title("Quorvel Vastrelum - [galaxy.vrl]")
+            open_map(editor, saved)
             cells = zoom_and_point(editor)
             mark(editor, cells)
             paint(editor, cells)
