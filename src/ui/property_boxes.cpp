@@ -44,9 +44,10 @@ QWidget* PropertyBoxes::MakeBox(CVastrelDoc& document, const MemberDef& member) 
   const auto* edit = dynamic_cast<const CMemberEdit*>(&editor);
   QWidget* box = edit ? MakeEdit(document, member, *edit)
                       : MakeCombo(document, member, static_cast<const CMemberCombo&>(editor));
-  const QComboBox& combo = bar_.MemberCombo();
+  QComboBox& combo = bar_.MemberCombo();
   box->setObjectName(QString::number(editor.GetControlId()));
   box->setGeometry(combo.geometry().translated(combo.width() + kGapPx, 0));
+  QWidget::setTabOrder(&combo, box);
   return box;
 }
 

@@ -109,7 +109,10 @@ TEST(Editing, AFocusedEditBoxHasItsKeys) {
 
   PaintWith(editor, kName);
   auto& box = dynamic_cast<QLineEdit&>(Box(editor));
-  box.setFocus();
+  editor.View().setFocus();
+  editor.Run(ID_PREV_PANE);
+  QTest::keyClick(editor.Frame().focusWidget(), Qt::Key_Tab);
+  ASSERT_TRUE(box.hasFocus()) << "the key Tab leads from the member to its value";
   box.clear();
   QTest::keyClicks(&box, "a+-=[]{}");
   EXPECT_EQ(box.text(), "a+-=[]{}");
