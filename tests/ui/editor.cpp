@@ -34,11 +34,6 @@ type="items"
 [Classes/Star/UI/Color]
 0=0x8C8C8C
 1=0xE0705A
-[Classes/Outpost]
-type="class"
-[Classes/Outpost/Crew]
-type="int"
-range="0<4<99"
 [Classes/Cell]
 type="class"
 [Classes/Cell/n]
@@ -53,12 +48,6 @@ range="Empire"
 [Classes/Cell/star]
 type="index"
 range="Star"
-[Classes/Cell/heat]
-type="float"
-range="0<1.5<9"
-[Classes/Cell/post]
-type="object"
-range="Outpost"
 )";
 
 void SendMouse(QWidget& widget, QEvent::Type type, QPoint place, Qt::MouseButton button,

@@ -71,8 +71,8 @@ class Editor {
   /// The default definitions: a file of its own with this text.
   void GiveDefinitions(const std::string& text);
 
-  /// A map file in the folder with the members n (string), v (int), owner and star (index), heat (float) and
-  /// post (object); every cell has a record, whose number is in v.
+  /// A map file in the folder with the members n (string), v (int), owner and star (index); every cell has a
+  /// record, whose number is in v.
   std::string WriteMap(const std::string& name, int width, int height) {
     return folder.Write(name, MapText(width, height));
   }

@@ -101,7 +101,7 @@ TEST(ToolOptions, ShowTheActiveDocumentsTool) {
   EXPECT_TRUE(editor.Action(ID_TOOL_CELL_PROPERTY).isChecked());
   EXPECT_FALSE(editor.Action(ID_TOOL_POINTER).isChecked());
   EXPECT_TRUE(combo.isEnabled());
-  EXPECT_EQ(combo.count(), 6);
+  EXPECT_EQ(combo.count(), 4);
   editor.Open(editor.WriteMap("b.vrl", 3, 3));
   EXPECT_FALSE(combo.isEnabled()) << "the other document has the pointer";
   EXPECT_TRUE(editor.Action(ID_TOOL_POINTER).isChecked());
