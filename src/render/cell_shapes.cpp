@@ -1,6 +1,7 @@
 #include "render/cell_shapes.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include <QImage>
 #include <QPainter>
@@ -122,6 +123,40 @@ const CellShape& CellShapes::Shape(CellCoord cell, int columnKind, int rowKind) 
   CellShape& shape = shapes_[column][row];
   if (shape.ink.isEmpty()) shape = CellShape::ReadFrom(painter_, CellFigure::Of(cell, metrics_, scale_));
   return shape;
+}
+
+bool CellShapes::LeaveNoGaps() {
+  if (scale_.ratio != std::floor(scale_.ratio)) return false;
+  if (!leaveNoGaps_) leaveNoGaps_ = FindNoGap();
+  return *leaveNoGaps_;
+}
+
+/// Looks at one period of the pattern, two columns and a row, in the middle of a few more cells.
+bool CellShapes::FindNoGap() {
+  constexpr int kColumns = 5;
+  constexpr int kRows = 4;
+  const CellCorner begin = CellCorner::Of({2, 1}, metrics_, scale_);
+  const CellCorner end = CellCorner::Of({4, 2}, metrics_, scale_);
+  const QRect period(static_cast<int>(begin.x), static_cast<int>(begin.y), static_cast<int>(end.x - begin.x),
+                     static_cast<int>(end.y - begin.y));
+  QImage inked(period.size(), QImage::Format_Grayscale8);
+  inked.fill(0);
+  QPainter painter(&inked);
+  painter.translate(-period.topLeft());
+  for (std::int32_t row = 0; row < kRows; ++row) {
+    for (std::int32_t column = 0; column < kColumns; ++column) {
+      const CellCorner corner = CellCorner::Of({column, row}, metrics_, scale_);
+      for (const BodyRow& run : Shape({column, row}, ColumnKind(column), RowKind(column, row)).body) {
+        painter.fillRect(static_cast<int>(corner.x) + run.left, static_cast<int>(corner.y) + run.y,
+                         run.right - run.left, 1, Qt::white);
+      }
+    }
+  }
+  for (int y = 0; y < inked.height(); ++y) {
+    const uchar* row = inked.constScanLine(y);
+    if (std::find(row, row + inked.width(), 0) != row + inked.width()) return false;
+  }
+  return true;
 }
 
 }  // namespace quorvel

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 #include <QRect>
@@ -59,10 +60,15 @@ class CellShapes {
   /// The shape of the cell, whose kinds are given. Good until the next call for a pair of kinds not yet seen.
   const CellShape& Shape(CellCoord cell, int columnKind, int rowKind);
 
+  /// Whether outlines and areas of cells side by side are known to leave no pixel between them. False at
+  /// broken ratios, where there are too many ways of lying side by side to look at them all.
+  bool LeaveNoGaps();
+
  private:
   using Coordinates = std::vector<int>;  // of all points of a figure in one direction
 
   static int KindOf(const Coordinates& coordinates, std::vector<Coordinates>& kinds);
+  bool FindNoGap();
 
   CellMetrics metrics_;
   PixelScale scale_;
@@ -70,6 +76,7 @@ class CellShapes {
   std::vector<Coordinates> columnKinds_;
   std::vector<Coordinates> rowKinds_;
   std::vector<std::vector<CellShape>> shapes_;  // by column kind, then row kind; empty ink: not read yet
+  std::optional<bool> leaveNoGaps_;             // none: not looked at yet
 };
 
 }  // namespace quorvel

@@ -58,7 +58,8 @@ class Pass {
         area_(area),
         origin_(origin),
         part_(PartOf(area.Clip(), origin)),
-        erasedTo_(part_.top) {}
+        erasedTo_(part_.top),
+        showsBackground_(map.m_pGrid->Count() < map.m_pGrid->CellCount() || !shapes.LeaveNoGaps()) {}
 
   void Paint();
 
@@ -80,6 +81,7 @@ class Pass {
   CellCorner origin_;      // the frame's pixel (0, 0)
   MapRect part_;           // the area, in device pixels of the whole map
   std::int64_t erasedTo_;  // what of it lies above this has its ground
+  const bool showsBackground_;
 };
 
 /// Rows of cells are painted from the top, and the ground of each is laid just before: its pixels are still
@@ -98,7 +100,8 @@ void Pass::Paint() {
   EraseTo(part_.bottom);
 }
 
-/// Lays background and margins on what of the area lies above `bottom` and has none yet.
+/// Lays background and margins on what of the area lies above `bottom` and has none yet. Where every cell has
+/// a record nothing of the background would be left to see.
 void Pass::EraseTo(std::int64_t bottom) {
   const auto fill = [this](const MapRect& rect, QRgb colour) {
     if (rect.IsEmpty()) return;
@@ -108,7 +111,7 @@ void Pass::EraseTo(std::int64_t bottom) {
   };
   const MapRect next = {part_.left, erasedTo_, part_.right, std::min(bottom, part_.bottom)};
   if (next.IsEmpty()) return;
-  fill(next, kMapBackground);
+  if (showsBackground_) fill(next, kMapBackground);
   for (const MapRect& margin : Margins(*map_.m_pGrid, shapes_.Metrics(), shapes_.Scale(), next))
     fill(margin, kMapMargin);
   erasedTo_ = next.bottom;

@@ -74,15 +74,27 @@ std::string Difference(const QImage& a, const QImage& b) {
   return {};
 }
 
+/// A galaxy whose cells all have a record, so that they hide the background.
+MapContents MakeFullGalaxy(int width, int height) {
+  MapContents map = MakeGalaxy(width, height);
+  for (int index = 0; index < width * height; ++index) {
+    if (!map.m_pGrid->Find(index)) CreateCell(map, map.m_pGrid->CoordOf(index));
+  }
+  return map;
+}
+
 TEST(MapPainter, PaintsWhatThePlainPainterDraws) {
-  const MapContents map = MakeGalaxy(9, 8);
-  for (const float size : kSizes) {
-    for (const double ratio : kRatios) {
-      SCOPED_TRACE(testing::Message() << size << " px, ratio " << ratio);
-      MapLook look = LookAt(map, size);
-      look.pixelRatio = ratio;
-      look.currentCell = {4, 3};
-      EXPECT_EQ(Difference(PaintWhole(map, look), PaintPlainly(map, look)), "");
+  const MapContents maps[] = {MakeGalaxy(9, 8), MakeFullGalaxy(6, 5), MakeFullGalaxy(1, 2)};
+  for (const MapContents& map : maps) {
+    for (const float size : kSizes) {
+      for (const double ratio : kRatios) {
+        SCOPED_TRACE(testing::Message()
+                     << map.m_pGrid->Count() << " cells, " << size << " px, ratio " << ratio);
+        MapLook look = LookAt(map, size);
+        look.pixelRatio = ratio;
+        look.currentCell = {4, 3};
+        EXPECT_EQ(Difference(PaintWhole(map, look), PaintPlainly(map, look)), "");
+      }
     }
   }
 }
