@@ -17,6 +17,7 @@ namespace quorvel {
 namespace {
 
 constexpr std::size_t kPieceBytes = std::size_t{256} * 1024;
+constexpr std::uint64_t kBeginSyncBytes = std::uint64_t{4} << 20;
 constexpr mode_t kOwnerOnly = 0600;  // until the target's own mode is set, nobody else may read
 
 std::string TempPathIn(const std::string& folder) {
@@ -101,6 +102,10 @@ bool AtomicFile::WriteOut(const char* from, std::size_t count) {
     from += written;
     count -= static_cast<std::size_t>(written);
     written_ += static_cast<std::uint64_t>(written);
+  }
+  if (written_ - begunSync_ >= kBeginSyncBytes) {
+    calls_.BeginSync(fd_, begunSync_, written_ - begunSync_);
+    begunSync_ = written_;
   }
   return true;
 }

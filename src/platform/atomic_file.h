@@ -7,8 +7,8 @@
 
 #include <sys/stat.h>
 
-#include "platform/file_calls.h"
 #include "platform/end_by_signal.h"
+#include "platform/file_calls.h"
 #include "platform/write_target.h"
 
 namespace quorvel {
@@ -73,7 +73,8 @@ class AtomicFile : public std::streambuf {
   std::string temp_;    // empty: none
   struct stat tempState_ {};
   LiveTempFile live_;
-  std::uint64_t written_ = 0;  // without what is still buffered
+  std::uint64_t written_ = 0;    // without what is still buffered
+  std::uint64_t begunSync_ = 0;  // so much of it is on its way to the disk
   std::string error_;
   std::unique_ptr<char[]> buffer_;
 };

@@ -51,6 +51,10 @@ int FileCalls::Sync(int fd) {
   return Retry([&] { return fsync(fd); });
 }
 
+void FileCalls::BeginSync(int fd, std::uint64_t from, std::uint64_t bytes) {
+  sync_file_range(fd, static_cast<off64_t>(from), static_cast<off64_t>(bytes), SYNC_FILE_RANGE_WRITE);
+}
+
 // Not repeated after EINTR: the descriptor is gone by then and may belong to another file already.
 int FileCalls::Close(int fd) {
   return close(fd) < 0 && errno != EINTR ? -1 : 0;

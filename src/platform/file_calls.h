@@ -23,6 +23,8 @@ class FileCalls {
   virtual int ChangeOwner(int fd, uid_t owner, gid_t group);
   virtual int ChangeMode(int fd, mode_t mode);
   virtual int Sync(int fd);
+  /// Lets the system begin to write these bytes out, so that a Sync has less to wait for. A hint only.
+  virtual void BeginSync(int fd, std::uint64_t from, std::uint64_t bytes);
   virtual int Close(int fd);
   virtual int Rename(const std::string& from, const std::string& to);
   virtual int Unlink(const std::string& path);
