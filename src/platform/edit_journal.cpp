@@ -65,6 +65,7 @@ std::string EditJournal::FolderFromEnvironment() {
 std::unique_ptr<EditJournal> EditJournal::Create(const std::string& folder) {
   std::error_code ignored;  // opening finds out
   std::filesystem::create_directories(folder, ignored);
+  std::filesystem::permissions(folder, std::filesystem::perms::owner_all, ignored);  // maps may be private
   std::uint64_t random = 0;
   if (folder.empty() || getrandom(&random, sizeof random, 0) < 0) return nullptr;
   std::string path = fmt::format("{}/{:016x}{}", folder, random, kExtension);

@@ -37,6 +37,8 @@ TEST(EditJournal, IsFoundAgainAfterItsProgramWasKilled) {
   });
   auto found = EditJournal::Abandoned(folder / "new/journals");
   ASSERT_EQ(found.size(), 1U);
+  EXPECT_EQ(std::filesystem::status(folder / "new/journals").permissions(),
+            std::filesystem::perms::owner_all);
   EXPECT_EQ(Records(found[0]->Path()), kRecords);
   EXPECT_TRUE(EditJournal::Abandoned(folder / "new/journals").empty());  // offered once
 
