@@ -13,13 +13,10 @@ class Sink : public NullFeedback {
  public:
   explicit Sink(bool every) : every_(every) {}
   void SetProgressPos(int percent) override { positions.push_back(percent); }
-  void BeginWait() override { ++waits; }
-  void EndWait() override { --waits; }
   void Pump() override { ++pumps; }
   bool WantsEveryEvent() const override { return every_; }
 
   std::vector<int> positions;
-  int waits = 0;
   int pumps = 0;
 
  private:
@@ -38,16 +35,6 @@ TEST(LoopFeedback, FormatsOnlyWhatIsSeen) {
       EXPECT_THAT(sink.positions, testing::ElementsAre(0, 256, 512));
     }
   }
-}
-
-TEST(WaitCursor, EndsWithItsScope) {
-  Sink sink(false);
-  {
-    const WaitCursor outer(sink);
-    const WaitCursor inner(sink);
-    EXPECT_EQ(sink.waits, 2);
-  }
-  EXPECT_EQ(sink.waits, 0);
 }
 
 }  // namespace

@@ -92,13 +92,6 @@ TEST(FileSource, SaysWhyItCannotOpen) {
   }
 }
 
-TEST(FileSource, TellsAReadErrorFromTheEnd) {
-  FileSource source("/proc/self/mem");  // a plain file whose first page cannot be read
-  ASSERT_TRUE(source.IsOpen());
-  EXPECT_EQ(source.sgetc(), EOF);
-  EXPECT_EQ(source.Error(), "Input/output error");
-}
-
 TEST(FileSource, StopsAtItsLimit) {
   const TempFolder folder;
   const std::string path = folder.Write("map", Counting(1000));

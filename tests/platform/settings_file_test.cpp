@@ -1,10 +1,6 @@
 #include "platform/settings_file.h"
 
-#include <sys/stat.h>
-
 #include <gtest/gtest.h>
-
-#include "tests/platform/temp_folder.h"
 
 namespace quorvel {
 namespace {
@@ -38,27 +34,6 @@ TEST(SettingsText, ReadsBackWhatItWrites) {
   const SettingKeys keys = {{"[odd]=\\" + everyByte, {{"[" + everyByte, everyByte}, {"empty", ""}}},
                             {"plain", {}}};
   EXPECT_EQ(ParseSettings(FormatSettings(keys)), keys);
-}
-
-TEST(SettingsFile, GivesNoneForWhatMustNotBeReplaced) {
-  const TempFolder folder;
-  ASSERT_EQ(mkfifo((folder / "fifo").c_str(), 0600), 0);
-  const std::string huge = folder.Write("huge", "[A]\nx=1\n");
-  std::filesystem::resize_file(huge, std::uintmax_t{1} << 30);
-  struct Row {
-    std::string path;
-    bool readable;
-  };
-  const Row rows[] = {
-      {folder / "none", true},   {huge, true},
-      {folder / "fifo", false},  {folder.Path(), false},
-      {"/proc/self/mem", false}, {folder.Write("garbage", std::string("\0\xff[]=\n=", 7)), true}};
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.path);
-    const std::optional<SettingKeys> keys = ReadSettingsFile(row.path);
-    EXPECT_EQ(keys.has_value(), row.readable);
-    EXPECT_EQ(keys.value_or(SettingKeys()), SettingKeys());
-  }
 }
 
 }  // namespace

@@ -81,13 +81,20 @@ TEST(SettingsStore, GivesDefaultsAndNoTroubleWhateverStandsInTheFilesPlace) {
   ASSERT_EQ(mkfifo((folder / "fifo").c_str(), 0600), 0);
   std::filesystem::create_directory(folder / "folder");
   chmod(folder.Write("read-only", "").c_str(), 0444);
+  std::filesystem::resize_file(folder.Write("huge", "[A]\nx=1\n"), std::uintmax_t{1} << 30);
   struct Row {
     std::string path;
     bool stores;
   };
-  const Row rows[] = {{folder / "fifo", false},       {folder / "folder", false},
-                      {folder / "read-only", false},  {folder / "read-only/below", false},
-                      {"/proc/none/settings", false}, {folder.Write("garbage", "\x01\x02]]==[["), true}};
+  const Row rows[] = {{folder / "fifo", false},
+                      {folder / "folder", false},
+                      {folder / "read-only", false},
+                      {folder / "read-only/below", false},
+                      {"/proc/none/settings", false},
+                      {"/proc/self/mem", false},
+                      {folder / "huge", true},
+                      {folder.Write("nul", std::string("\0\xff[]=\n=", 7)), true},
+                      {folder.Write("garbage", "\x01\x02]]==[["), true}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.path);
     SettingsStore store(UserFile(row.path));

@@ -82,7 +82,7 @@ TEST_F(App, OpensAFileWithTheTypeOfItsExtension) {
   const struct {
     const char* name;
     int resourceId;
-  } rows[] = {{"a.pln", 101}, {"b.PRD", 102}, {"c.txt", 101}};
+  } rows[] = {{"b.prdx", 101}, {"bprd", 101}, {"a.pln", 101}, {"b.c.PRD", 102}, {"c.txt", 101}};
   for (const auto& row : rows) {
     folder.Write(row.name, "stars");
     CDocument* document = Open(row.name);
@@ -92,7 +92,7 @@ TEST_F(App, OpensAFileWithTheTypeOfItsExtension) {
     EXPECT_EQ(static_cast<TextDocument*>(document)->text, "stars");
   }
   EXPECT_THAT(app.GetRecentFiles().Paths(),
-              ElementsAre(folder / "c.txt", folder / "b.PRD", folder / "a.pln"));
+              ElementsAre(folder / "c.txt", folder / "b.c.PRD", folder / "a.pln", folder / "bprd"));
 }
 
 TEST_F(App, ActivatesAFileThatIsOpenAlready) {
