@@ -8,6 +8,7 @@
 
 #include "data/c_numbers.h"
 #include "map/map_writer_tree.h"
+#include "platform/little_endian.h"
 #include "tests/map/map_samples.h"
 
 namespace quorvel {
@@ -56,9 +57,7 @@ std::string SavedThroughTree(const MapContents& contents) {
 
 std::string LittleEndian(std::initializer_list<std::uint32_t> numbers) {
   std::string bytes;
-  for (const std::uint32_t number : numbers) {
-    for (int shift = 0; shift < 32; shift += 8) bytes += static_cast<char>(number >> shift & 0xff);
-  }
+  for (const std::uint32_t number : numbers) PutLittleEndian(bytes, number);
   return bytes;
 }
 
