@@ -10,7 +10,7 @@ using testing::HasSubstr;
 using testing::StartsWith;
 
 TEST(Check, IsSilentWhenAllIsWellAndNamesFilesAndLines) {
-  const TestFolder folder;
+  const TempFolder folder;
   const std::string sound = folder.Write("sound.vrl", MapText());
   const std::string binary = folder / "binary.vrl";
   ASSERT_EQ(RunMapTool({"convert", "--form", "binary", sound, binary}).code, 0);

@@ -6,7 +6,7 @@ namespace quorvel {
 namespace {
 
 TEST(Diff, ExitCodeTellsEqualFromDifferentFromTrouble) {
-  const TestFolder folder;
+  const TempFolder folder;
   const std::string map = folder.Write("map.vrl", MapText());
   const std::string changed = folder.Write("changed.vrl", Replaced(MapText(), "v=7", "v=8"));
   const std::string wider = folder.Write("wider.vrl", Replaced(MapText(), "Width=3", "Width=4"));

@@ -15,7 +15,7 @@ std::string Size(const std::string& dump) {
 }
 
 /// Runs `new` and gives the size lines of the map's dump.
-std::string NewSize(const TestFolder& folder, std::vector<std::string> options) {
+std::string NewSize(const TempFolder& folder, std::vector<std::string> options) {
   const std::string out = folder / "size.vrl";
   options.insert(options.begin(), "new");
   options.push_back(out);
@@ -24,7 +24,7 @@ std::string NewSize(const TestFolder& folder, std::vector<std::string> options) 
 }
 
 TEST(New, OptionsWinOverSettingsAndSettingsOverDefinitions) {
-  const TestFolder folder;
+  const TempFolder folder;
   const std::string types = folder.Write("types.txt", TypesText());
   const std::string other = folder.Write("other.txt", Replaced(TypesText(), "1<3<1000", "1<8<1000"));
   const std::string plain = folder.Write("plain.txt", TypesText() + "[Fill]\r\nSeed=1\r\n");
@@ -43,14 +43,14 @@ TEST(New, OptionsWinOverSettingsAndSettingsOverDefinitions) {
 }
 
 TEST(New, WithoutDefinitionsTakesTheEditorsOwn) {
-  const TestFolder folder;
+  const TempFolder folder;
   folder.Write("Definitions.txt", TypesText());
   const std::string types = folder.Write("elsewhere.txt", Replaced(TypesText(), "1<3<1000", "1<8<1000"));
-  const std::string home = "HOME=" + folder.Path().string();
+  const std::string home = "HOME=" + folder.Path();
   RunSettings settings{
       .input = {},
       .outPath = {},
-      .folder = folder.Path().string(),
+      .folder = folder.Path(),
       .environment = {home, "XDG_CONFIG_HOME=" + (folder / "none"), "XDG_CONFIG_DIRS=" + (folder / "none")}};
   ASSERT_EQ(RunMapTool({"new", "out.vrl"}, settings).code, 0);
   EXPECT_EQ(Size(RunMapTool({"dump", "map", folder / "out.vrl"}).out), "width 3\nheight 2");
@@ -69,7 +69,7 @@ TEST(New, WithoutDefinitionsTakesTheEditorsOwn) {
 }
 
 TEST(New, EmptyMapIsWrittenToTheLetter) {
-  const TestFolder folder;
+  const TempFolder folder;
   const std::string types = folder.Write("types.txt", TypesText());
   const std::string empty = std::string(kVersion) + kTypes +
                             "[Declare/Galaxy]\ntype=\"Map\"\n[Objects/Galaxy]\nWidth=3\nHeight=2\n"
@@ -97,7 +97,7 @@ TEST(New, RefusesBadSettingsAndWritesNothing) {
   };
   for (const RefusalRow& row : rows) {
     SCOPED_TRACE(row.what);
-    const TestFolder folder;
+    const TempFolder folder;
     const std::string settings = folder.Write("settings.txt", row.settings),
                       out = folder.Write("out.vrl", "old");
     const ToolRun run = RunMapTool({"new", "--settings", settings, out});
@@ -171,7 +171,7 @@ y=50
 }
 
 TEST(New, ASeedFromTheClockIsToldAndRepeatsTheMap) {
-  const TestFolder folder;
+  const TempFolder folder;
   const std::string settings =
       folder.Write("s.txt", Replaced(WithCrLf(std::string(kTypes) + kOneValue), "Seed=4294967295\r\n", "") +
                                 "[Fill/Global/0]\r\ncoverage=50\r\n");

@@ -24,7 +24,7 @@ std::string PictureSize(const std::string& bytes) {
 // At s = 40 a column is 34 pixels and a row 40; the map of 3 x 2 is trunc(3 * 34 + 11.547) by trunc(2 * 40 +
 // 20).
 TEST(Render, DrawsTheMapOrAPartOfIt) {
-  const TestFolder folder;
+  const TempFolder folder;
   const std::string map = folder.Write("map.vrl", MapText()), out = folder / "out.png";
   ASSERT_EQ(RunMapTool({"render", "--cell-size", "40", map, out}).code, 0);
   EXPECT_EQ(PictureSize(ReadBytes(out)), "113x100");
@@ -43,7 +43,7 @@ TEST(Render, DrawsTheMapOrAPartOfIt) {
 }
 
 TEST(Render, AFilterFadesCells) {
-  const TestFolder folder;
+  const TempFolder folder;
   const std::string map = folder.Write("map.vrl", MapText()), out = folder / "out.png";
   const auto filter = [&folder](const char* value) {
     return folder.Write(
@@ -61,7 +61,7 @@ TEST(Render, AFilterFadesCells) {
 }
 
 TEST(Render, RefusesWhatCannotBeDrawnAndWritesNothing) {
-  const TestFolder folder;
+  const TempFolder folder;
   const std::string map = folder.Write("map.vrl", MapText());
   const std::string refused = folder.Write("refused.vrl", Replaced(MapText(), "Width=3", "Width=0"));
   const std::string wide = folder.Write("wide.vrl", Replaced(MapText(), "Width=3", "Width=20000000"));

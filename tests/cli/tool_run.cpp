@@ -1,9 +1,7 @@
 #include "tests/cli/tool_run.h"
 
-#include <algorithm>
 #include <fstream>
 #include <iterator>
-#include <stdexcept>
 
 #include <fcntl.h>
 #include <sys/resource.h>
@@ -11,32 +9,6 @@
 #include <unistd.h>
 
 namespace quorvel {
-
-namespace fs = std::filesystem;
-
-TestFolder::TestFolder() {
-  std::string pattern = (fs::temp_directory_path() / "quorvel-test-XXXXXX").string();
-  if (::mkdtemp(pattern.data()) == nullptr) throw std::runtime_error("no folder for the test");
-  path_ = pattern;
-}
-
-TestFolder::~TestFolder() {
-  std::error_code ignored;
-  fs::remove_all(path_, ignored);
-}
-
-std::string TestFolder::Write(std::string_view name, std::string_view bytes) const {
-  const std::string path = *this / name;
-  std::ofstream(path, std::ios::binary) << bytes;
-  return path;
-}
-
-std::vector<std::string> TestFolder::Names() const {
-  std::vector<std::string> names;
-  for (const auto& entry : fs::directory_iterator(path_)) names.push_back(entry.path().filename().string());
-  std::sort(names.begin(), names.end());
-  return names;
-}
 
 std::string ReadBytes(const std::string& path) {
   std::ifstream file(path, std::ios::binary);
@@ -107,7 +79,7 @@ ToolRun WaitForTool(pid_t process) {
 }
 
 ToolRun RunMapTool(const std::vector<std::string>& arguments, const RunSettings& settings) {
-  const TestFolder folder;
+  const TempFolder folder;
   const std::string outPath = settings.outPath.empty() ? folder / "out" : settings.outPath;
   const Streams streams{folder.Write("in", settings.input), outPath, folder / "err"};
   ToolRun run = WaitForTool(Start(arguments, settings, streams));

@@ -1,34 +1,14 @@
 #pragma once
 
-#include <filesystem>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include <sys/types.h>
 
+#include "tests/platform/temp_folder.h"
+
 namespace quorvel {
-
-/// A folder of a test's own, removed at its end.
-class TestFolder {
- public:
-  TestFolder();
-  ~TestFolder();
-  TestFolder(const TestFolder&) = delete;
-  TestFolder& operator=(const TestFolder&) = delete;
-
-  const std::filesystem::path& Path() const { return path_; }
-  std::string operator/(std::string_view name) const { return (path_ / name).string(); }
-
-  /// Writes a file of the folder and gives its path.
-  std::string Write(std::string_view name, std::string_view bytes) const;
-
-  /// Names of all that lies in the folder, sorted.
-  std::vector<std::string> Names() const;
-
- private:
-  std::filesystem::path path_;
-};
 
 std::string ReadBytes(const std::string& path);
 

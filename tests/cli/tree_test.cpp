@@ -50,7 +50,7 @@ TEST(DumpTree, PrintsNodesInOrder) {
 TEST(Rewrite, WritesThePlainFormAndKeepsIt) {
   for (const TreeRow& row : kTrees) {
     SCOPED_TRACE(row.what);
-    const TestFolder folder;
+    const TempFolder folder;
     const std::string in = folder.Write("in.gdf", WithCrLf(row.input)), out = folder / "out.gdf";
     EXPECT_EQ(RunMapTool({"rewrite", in, out}).code, 0);
     EXPECT_EQ(ReadBytes(out), WithCrLf(row.rewritten));
@@ -61,7 +61,7 @@ TEST(Rewrite, WritesThePlainFormAndKeepsIt) {
 }
 
 TEST(Rewrite, RefusesABinaryMapAndLeavesTheOutputAlone) {
-  const TestFolder folder;
+  const TempFolder folder;
   const std::string in = folder.Write("in.vrl", WithCrLf("[Version/Data]\ntype=\"binary\"\n"));
   const std::string out = folder.Write("out.gdf", "old");
   const ToolRun run = RunMapTool({"rewrite", in, out});
@@ -73,7 +73,7 @@ TEST(Rewrite, RefusesABinaryMapAndLeavesTheOutputAlone) {
 
 // A path of thousands of levels in a small file must be neither recursion nor a giant of an output.
 TEST(Rewrite, RefusesAnOutputThatWouldPassTheLimit) {
-  const TestFolder folder;
+  const TempFolder folder;
   std::string deep = "[";
   for (int level = 0; level < 4090; ++level) deep += "a/";
   deep += "a]\r\n";

@@ -119,19 +119,19 @@ TEST(Usage, CompletionAndManualKnowEveryOption) {
 }
 
 TEST(Usage, FilesMayBeNamedLikeCommandsAndOptions) {
-  const TestFolder folder;
+  const TempFolder folder;
   folder.Write("info", "a=1\r\n");
   folder.Write("-x", "a=1\r\n");
   folder.Write("[b]", "a=1\r\n");
   RunSettings inFolder;
-  inFolder.folder = folder.Path().string();
+  inFolder.folder = folder.Path();
   EXPECT_EQ(RunMapTool({"dump", "tree", "info"}, inFolder).out, "L a 0 31\n");
   EXPECT_EQ(RunMapTool({"dump", "tree", "--", "-x"}, inFolder).out, "L a 0 31\n");
   EXPECT_EQ(RunMapTool({"dump", "tree", "[b]"}, inFolder).out, "L a 0 31\n");
 }
 
 TEST(Usage, FilesThatCannotBeReadAreTrouble) {
-  const TestFolder folder;
+  const TempFolder folder;
   const std::string missing = folder / "missing.vrl";
   const std::string out = folder / "out.png";
   const std::vector<std::vector<std::string>> rows = {
@@ -148,20 +148,20 @@ TEST(Usage, FilesThatCannotBeReadAreTrouble) {
       {"dump", "map", missing},
       {"dump", "fill", missing},
       {"dump", "fill-log", missing},
-      {"info", folder.Path().string()},
-      {"rewrite", folder.Path().string(), out},
+      {"info", folder.Path()},
+      {"rewrite", folder.Path(), out},
   };
   for (const auto& arguments : rows) {
     SCOPED_TRACE(testing::PrintToString(arguments));
     const ToolRun run = RunMapTool(arguments);
     EXPECT_EQ(run.code, 2);
-    EXPECT_THAT(run.err, StartsWith("quorvel-map: " + folder.Path().string()));
+    EXPECT_THAT(run.err, StartsWith("quorvel-map: " + folder.Path()));
     EXPECT_EQ(folder.Names(), std::vector<std::string>{});
   }
 }
 
 TEST(Usage, ResultsThatCannotBeWrittenAreTrouble) {
-  const TestFolder folder;
+  const TempFolder folder;
   const std::string tree = folder.Write("in.gdf", "a=1\r\n");
   RunSettings toFull;
   toFull.outPath = "/dev/full";

@@ -26,7 +26,7 @@ int RunSilently(const std::vector<std::string>& arguments) {
 TEST(GalaxyLife, AMapKeepsItsValuesThroughEveryForm) {
   for (const char* name : kSettings) {
     SCOPED_TRACE(name);
-    const TestFolder folder;
+    const TempFolder folder;
     const std::string made = folder / "made.vrl", binary = folder / "binary.vrl", text = folder / "text.vrl";
     ASSERT_EQ(RunSilently({"new", "--settings", SettingsPath(name), "--seed", "11", "--size", "30x20", made}),
               0);
@@ -50,7 +50,7 @@ TEST(GalaxyLife, AMapKeepsItsValuesThroughEveryForm) {
 }
 
 TEST(GalaxyLife, TheSameSeedGivesTheSameBytesAndTheDumpOfTheFillIsTheMap) {
-  const TestFolder folder;
+  const TempFolder folder;
   const std::string settings = SettingsPath("whole-galaxy.txt");
   const std::string one = folder / "one.vrl", two = folder / "two.vrl", other = folder / "other.vrl";
   ASSERT_EQ(RunSilently({"new", "--settings", settings, "--seed", "1", one}), 0);
@@ -72,7 +72,7 @@ TEST(GalaxyLife, EverySettingsFileAndTheDefinitionsAreSound) {
 // An edit of one value by hand, found by diff, refused by nobody, and named by check when it leaves its
 // range.
 TEST(GalaxyLife, AnEditByHandIsFoundAgain) {
-  const TestFolder folder;
+  const TempFolder folder;
   const std::string made = folder / "made.vrl";
   ASSERT_EQ(RunSilently({"new", "--settings", SettingsPath("rival-empires.txt"), "--seed", "5", made}), 0);
   std::string text = ReadBytes(made);

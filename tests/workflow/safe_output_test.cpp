@@ -26,7 +26,7 @@ std::string LargeSettings() {
 }
 
 /// Waits until the folder holds more than `known` files. False when the program ended before.
-bool WaitForTempFile(const TestFolder& folder, std::size_t known, pid_t process) {
+bool WaitForTempFile(const TempFolder& folder, std::size_t known, pid_t process) {
   while (::kill(process, 0) == 0) {
     if (folder.Names().size() > known) return true;
     siginfo_t ended{};
@@ -39,7 +39,7 @@ bool WaitForTempFile(const TestFolder& folder, std::size_t known, pid_t process)
 
 // The signal comes while the temporary file lies beside the target.
 TEST(SafeOutput, ASignalWhileWritingLeavesTheOldFileAndNoOther) {
-  const TestFolder folder;
+  const TempFolder folder;
   const std::string map = folder / "large.vrl";
   ASSERT_EQ(
       RunMapTool({"new", "--settings", folder.Write("s.txt", LargeSettings()), "--form", "binary", map}).code,
@@ -64,7 +64,7 @@ TEST(SafeOutput, ASignalWhileWritingLeavesTheOldFileAndNoOther) {
 }
 
 TEST(SafeOutput, TargetsThatCannotBeWrittenAreTrouble) {
-  const TestFolder folder;
+  const TempFolder folder;
   const std::string map = folder.Write("map.vrl", MapText());
   std::filesystem::create_directory(folder / "folder");
   std::filesystem::create_symlink("loop", folder / "loop");
@@ -85,7 +85,7 @@ TEST(SafeOutput, TargetsThatCannotBeWrittenAreTrouble) {
 }
 
 TEST(SafeOutput, ALinkStaysALink) {
-  const TestFolder folder;
+  const TempFolder folder;
   const std::string map = folder.Write("map.vrl", MapText()), real = folder.Write("real.vrl", "old");
   std::filesystem::create_symlink("real.vrl", folder / "link.vrl");
   ASSERT_EQ(RunMapTool({"rewrite", map, folder / "link.vrl"}).code, 0);
@@ -95,7 +95,7 @@ TEST(SafeOutput, ALinkStaysALink) {
 
 // With closed standard streams no message or result may end in a file that took their place.
 TEST(SafeOutput, ClosedStreamsDoNotEndInTheOutput) {
-  const TestFolder folder;
+  const TempFolder folder;
   const std::string map = folder.Write("map.vrl", MapText()), out = folder / "out.vrl";
   RunSettings closed;
   closed.closeStreams = true;
@@ -108,7 +108,7 @@ TEST(SafeOutput, ClosedStreamsDoNotEndInTheOutput) {
 
 #ifndef __SANITIZE_ADDRESS__  // whose shadow takes more than any limit
 TEST(SafeOutput, WantOfMemoryIsTroubleAndKeepsTheOutput) {
-  const TestFolder folder;
+  const TempFolder folder;
   std::string tree;
   for (int leaf = 0; leaf < 800'000; ++leaf) tree += "a" + std::to_string(leaf) + "=1\r\n";
   const std::string in = folder.Write("in.gdf", tree), out = folder.Write("out.gdf", "old");
