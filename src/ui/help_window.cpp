@@ -1,6 +1,7 @@
 #include "ui/help_window.h"
 
 #include <QDialog>
+#include <QScreen>
 #include <QTextBrowser>
 #include <QVBoxLayout>
 
@@ -29,7 +30,7 @@ QDialog* MakeHelpWindow(QWidget& parent) {
   layout->setContentsMargins(0, 0, 0, 0);
   layout->addWidget(browser);
   const int letter = window->fontMetrics().averageCharWidth();
-  window->resize(letter * 90, letter * 100);
+  window->resize(QSize(letter * 90, letter * 100).boundedTo(parent.screen()->availableSize() * 0.9));
   return window;
 }
 
