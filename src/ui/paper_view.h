@@ -32,8 +32,6 @@ class PaperView : public QWidget {
   /// 1: the sheets fit into `room`; larger: so many times as large.
   void Fit(QSize room, double zoom);
 
-  QSize sizeHint() const override { return size(); }
-
  protected:
   void paintEvent(QPaintEvent* event) override;
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <iterator>
 
-#include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
@@ -17,7 +16,7 @@ constexpr int kLastZoom = static_cast<int>(std::size(kZooms)) - 1;
 }  // namespace
 
 PrintPreview::PrintPreview(PaperView* pages, QWidget* parent)
-    : QDialog(parent), pages_(pages), area_(new QScrollArea(this)) {
+    : QDialog(parent), pages_(pages), area_(new QScrollArea(this)), bar_(new QHBoxLayout) {
   setWindowTitle(tr("Print Preview"));
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   BuildBar();
@@ -27,15 +26,13 @@ PrintPreview::PrintPreview(PaperView* pages, QWidget* parent)
   auto* layout = new QVBoxLayout(this);
   layout->setContentsMargins(0, 0, 0, 0);
   layout->setSpacing(0);
-  layout->addLayout(static_cast<QHBoxLayout*>(bar_));
+  layout->addLayout(bar_);
   layout->addWidget(area_, 1);
   Refresh();
 }
 
 void PrintPreview::BuildBar() {
-  auto* bar = new QHBoxLayout;
-  bar_ = bar;
-  bar->setContentsMargins(6, 6, 6, 6);
+  bar_->setContentsMargins(6, 6, 6, 6);
   QPushButton* print = AddButton(tr("&Print..."), &PrintPreview::accept);
   print->setDefault(true);
   next_ = AddButton(tr("&Next Page"), &PrintPreview::OnNextPage);
@@ -45,8 +42,8 @@ void PrintPreview::BuildBar() {
   zoomOut_ = AddButton(tr("Zoom &Out"), &PrintPreview::OnZoomOut);
   AddButton(tr("&Close"), &PrintPreview::reject);
   numbers_ = new QLabel(this);
-  bar->addStretch(1);
-  bar->addWidget(numbers_);
+  bar_->addStretch(1);
+  bar_->addWidget(numbers_);
 }
 
 QPushButton* PrintPreview::AddButton(const QString& text, void (PrintPreview::*run)()) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QDialog>
+#include <QHBoxLayout>
 #include <QLabel>
 #include <QPushButton>
 #include <QScrollArea>
@@ -35,7 +36,7 @@ class PrintPreview : public QDialog {
 
   PaperView* pages_;
   QScrollArea* area_;
-  QLayout* bar_ = nullptr;
+  QHBoxLayout* bar_;
   QLabel* numbers_ = nullptr;
   QPushButton* next_ = nullptr;
   QPushButton* previous_ = nullptr;
