@@ -8,6 +8,8 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "tests/platform/child_process.h"
+
 namespace quorvel {
 
 std::string ReadBytes(const std::string& path) {
@@ -51,6 +53,7 @@ pid_t Start(const std::vector<std::string>& arguments, const RunSettings& settin
 
   const pid_t child = ::fork();
   if (child != 0) return child;
+  HeedSignals();
   Redirect(STDIN_FILENO, streams.in, O_RDONLY);
   Redirect(STDOUT_FILENO, streams.out, O_WRONLY | O_CREAT | O_TRUNC);
   Redirect(STDERR_FILENO, streams.err, O_WRONLY | O_CREAT | O_TRUNC);

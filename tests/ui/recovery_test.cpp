@@ -46,7 +46,6 @@ TEST(Recovery, BringsBackWhatAKilledEditorHadPainted) {
     unharmed.Run(ID_FILE_SAVE);
 
     const int status = RunInChild([&] {
-      std::signal(signal, SIG_DFL);  // a caller such as nohup may have it ignored
       setenv(kFolder, folder.Path().c_str(), 1);
       setenv(kSignal, std::to_string(signal).c_str(), 1);
       execl("/proc/self/exe", "ui_tests", "--gtest_also_run_disabled_tests",
