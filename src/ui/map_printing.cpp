@@ -57,11 +57,12 @@ bool PaintPages(QPrinter& printer, CMapView& view, const PageProgress& progress)
 
   QPainter painter;
   if (!painter.begin(&printer)) return false;
-  const auto [first, last] = ChosenPages(printer, tiles.Count());
-  for (int page = first; page <= last; ++page) {
-    if (!progress(page - first, 0) || (page > first && !printer.newPage())) return false;
+  const PageRange pages = ChosenPages(printer, tiles.Count());
+  for (int page = pages.first; page <= pages.last; ++page) {
+    const int printed = page - pages.first;
+    if (!progress(printed, 0) || (printed > 0 && !printer.newPage())) return false;
     PaintOnPaper(painter, *document, look, tiles.Tile(page), [&](std::int64_t done, std::int64_t all) {
-      progress(page - first, static_cast<int>(done * kStepsPerPage / all));
+      progress(printed, static_cast<int>(done * kStepsPerPage / all));
     });
   }
   return painter.end();

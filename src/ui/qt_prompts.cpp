@@ -98,7 +98,7 @@ std::optional<std::string> QtPrompts::OpenFileName(const FilePrompt& prompt) {
   Prepare(dialog, prompt, folder_);
   if (dialog.nameFilters().contains(filter_)) dialog.selectNameFilter(filter_);
   FollowChosenType(dialog, prompt.filters);
-  const std::optional<std::string> name = Run(dialog);
+  std::optional<std::string> name = Run(dialog);
   filter_ = dialog.selectedNameFilter();
   if (name && prompt.folder.empty()) folder_ = FolderOf(*name);
   return name;
@@ -110,7 +110,7 @@ std::optional<std::string> QtPrompts::SaveFileName(const FilePrompt& prompt) {
   dialog.setFileMode(QFileDialog::AnyFile);
   Prepare(dialog, prompt, folder_);
   FollowChosenType(dialog, prompt.filters);
-  const std::optional<std::string> name = Run(dialog);
+  std::optional<std::string> name = Run(dialog);
   if (name) folder_ = FolderOf(*name);
   return name;
 }
