@@ -11,6 +11,9 @@ namespace {
 
 constexpr std::size_t kMaxBodies = 4096;
 
+/// Programs that walk the whole tree ask several questions of each child, a message each.
+constexpr int kMaxListed = 1000;
+
 std::uint64_t KeyOf(CellCoord cell) {
   return std::uint64_t{static_cast<std::uint32_t>(cell.row)} << 32 | static_cast<std::uint32_t>(cell.column);
 }
@@ -23,7 +26,25 @@ int RowsOf(const CellSpan& span) {
   return std::max(0, span.lastRow - span.firstRow + 1);
 }
 
+QString CurrentLabel(const CMapView& view) {
+  return view.HasGrid() ? LabelText(*view.Document(), *view.Document()->m_pCurrentCell) : QString();
+}
+
+/// The view around the drawing area, which has the keyboard.
+class ViewAccessible final : public QAccessibleWidget {
+ public:
+  explicit ViewAccessible(CMapView& view) : QAccessibleWidget(&view), view_(view) {}
+
+  QString text(QAccessible::Text kind) const override {
+    return kind == QAccessible::Description ? CurrentLabel(view_) : QAccessibleWidget::text(kind);
+  }
+
+ private:
+  CMapView& view_;
+};
+
 QAccessibleInterface* MakeMapAccessible(const QString&, QObject* object) {
+  if (auto* view = qobject_cast<CMapView*>(object)) return new ViewAccessible(*view);
   auto* view = object ? qobject_cast<CMapView*>(object->parent()) : nullptr;
   return view && view->viewport() == object ? new MapAccessible(*view) : nullptr;
 }
@@ -85,7 +106,8 @@ CellSpan MapAccessible::InSight() const {
 
 int MapAccessible::childCount() const {
   const CellSpan span = InSight();
-  return ColumnsOf(span) * RowsOf(span);
+  const int cells = ColumnsOf(span) * RowsOf(span);
+  return cells <= kMaxListed ? cells : 0;
 }
 
 QAccessibleInterface* MapAccessible::child(int index) const {
@@ -116,8 +138,7 @@ QAccessibleInterface* MapAccessible::focusChild() const {
 }
 
 QString MapAccessible::text(QAccessible::Text kind) const {
-  if (kind != QAccessible::Description) return QAccessibleWidget::text(kind);
-  return Map() ? LabelText(*Map(), *view_.Document()->m_pCurrentCell) : QString();
+  return kind == QAccessible::Description ? CurrentLabel(view_) : QAccessibleWidget::text(kind);
 }
 
 void* MapAccessible::interface_cast(QAccessible::InterfaceType type) {

@@ -15,9 +15,9 @@ class CMapView;
 struct MapContents;
 
 /// The drawing area of a map view as assistive technology sees it: a table of all cells of the map, which
-/// describes itself by the label of the current cell. Its children are the cells in sight; any other is
-/// reached by its row and column. Cells get a body when they are asked for, and of those only the latest are
-/// kept.
+/// describes itself by the label of the current cell. Its children are the cells in sight, row by row; any
+/// other cell is reached by its row and column. Cells get a body when they are asked for, and of those only
+/// the latest are kept.
 class MapAccessible final : public QAccessibleWidget, public QAccessibleTableInterface {
  public:
   explicit MapAccessible(CMapView& view);
@@ -27,6 +27,7 @@ class MapAccessible final : public QAccessibleWidget, public QAccessibleTableInt
   QAccessibleInterface* BodyOf(CellCoord cell) const;
 
   QAccessibleInterface* child(int index) const override;
+  /// 0 while very many cells are in sight; each of them can still be asked for.
   int childCount() const override;
   int indexOfChild(const QAccessibleInterface* child) const override;
   QAccessibleInterface* childAt(int x, int y) const override;
@@ -69,7 +70,7 @@ class MapAccessible final : public QAccessibleWidget, public QAccessibleTableInt
   mutable std::deque<std::uint64_t> oldestFirst_;
 };
 
-/// Lets the viewports of map views be MapAccessible.
+/// Lets the viewports of map views be MapAccessible, and the views describe themselves like them.
 void InstallMapAccessible();
 
 /// Tells assistive technology that another cell of the view became the current one; nothing happens while

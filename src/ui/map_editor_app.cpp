@@ -2,6 +2,7 @@
 
 #include <QFile>
 
+#include "map/editing.h"
 #include "map/map_recovery.h"
 #include "map/vastrel_doc.h"
 #include "ui/about_dialog.h"
@@ -95,11 +96,14 @@ bool CMapEditorApp::PrintDocument(CDocument& document, const CCommandLineInfo& c
   return view && printing_.PrintDirect(*view, QFile::decodeName(commandLine.m_strPrinterName.c_str()));
 }
 
-/// The bar belongs to the document in front.
+/// The bar and the position pane belong to the document in front.
 void CMapEditorApp::ShowActiveTool() {
   const CMapFrame* frame = mainFrame_->ActiveFrame();
-  if (frame && frame->View().Document()) {
-    frameServices_.toolOptions.ShowTool(*frame->View().Document());
+  CVastrelDoc* document = frame ? frame->View().Document() : nullptr;
+  if (document) {
+    frameServices_.toolOptions.ShowTool(*document);
+    ShowCellText(*document,
+                 document->m_pGrid ? PositionText(*document->m_pGrid, *document->m_pCurrentCell) : "");
   } else {
     frameServices_.toolOptions.ShowNothing();
     services_.feedback.SetStatusText("");

@@ -257,10 +257,12 @@ QRect CMapView::InViewport(const QRect& pictureRect) const {
 /// Brings the picture to the viewport's size, place and look.
 void CMapView::FitPicture() {
   const double ratio = devicePixelRatioF();
-  if (isLookStale_ || picture_.Look().pixelRatio != ratio) {
+  const bool isOtherScreen = picture_.Look().pixelRatio != ratio;
+  if (isLookStale_ || isOtherScreen) {
     picture_.Reset(Look());
     isLookStale_ = false;
   }
+  if (isOtherScreen) ShowToolCursor();
   const auto devicePixels = [ratio](int logical) { return static_cast<int>(std::ceil(logical * ratio)); };
   picture_.Resize({devicePixels(viewport()->width()), devicePixels(viewport()->height())});
   const PixelScale scale{ratio};

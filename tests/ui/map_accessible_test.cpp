@@ -12,6 +12,11 @@
 namespace quorvel {
 namespace {
 
+/// How the label of a cell of Editor's maps begins.
+QString LabelStart(int index) {
+  return QStringLiteral("n:Sol\nv:%1\n").arg(index);
+}
+
 MapAccessible& TableOf(CMapView& view) {
   return dynamic_cast<MapAccessible&>(*QAccessible::queryAccessibleInterface(view.viewport()));
 }
@@ -20,7 +25,9 @@ TEST(MapAccessible, IsATableOfLabelledCells) {
   Editor editor;
   CVastrelDoc& document = *editor.OpenMap(10, 8);
   MapAccessible& table = TableOf(editor.View());
-  EXPECT_EQ(QAccessible::queryAccessibleInterface(&editor.View())->text(QAccessible::Name), "Map view");
+  const QAccessibleInterface& view = *QAccessible::queryAccessibleInterface(&editor.View());
+  EXPECT_EQ(view.text(QAccessible::Name), "Map view");
+  EXPECT_EQ(view.child(0), &table);
   EXPECT_EQ(table.text(QAccessible::Name), "Map");
   EXPECT_EQ(table.role(), QAccessible::Table);
   ASSERT_TRUE(table.tableInterface());
@@ -29,10 +36,11 @@ TEST(MapAccessible, IsATableOfLabelledCells) {
   EXPECT_EQ(table.text(QAccessible::Description), "") << "no cell is current yet";
 
   editor.MovePointer(editor.Middle({2, 1}));
-  EXPECT_EQ(table.text(QAccessible::Description), "n:Sol\nv:12\no:Free\ns:Void");
+  EXPECT_TRUE(table.text(QAccessible::Description).startsWith(LabelStart(12)));
+  EXPECT_EQ(view.text(QAccessible::Description), table.text(QAccessible::Description));
   QAccessibleInterface* cell = table.cellAt(1, 2);
   ASSERT_TRUE(cell);
-  EXPECT_EQ(cell->text(QAccessible::Name), "n:Sol\nv:12\no:Free\ns:Void");
+  EXPECT_EQ(cell->text(QAccessible::Name), table.text(QAccessible::Description));
   EXPECT_EQ(cell->text(QAccessible::Description), "12(2:1)");
   EXPECT_EQ(cell->tableCellInterface()->rowIndex(), 1);
   EXPECT_EQ(cell->tableCellInterface()->columnIndex(), 2);
@@ -63,26 +71,30 @@ TEST(MapAccessible, ItsChildrenAreTheCellsInSightAndFewAreKept) {
       ASSERT_EQ(table.childAt(middle.x(), middle.y()), cell);
     }
   }
+  view.SetCellSize(10);
+  EXPECT_EQ(table.childCount(), 0) << "thousands are in sight";
+  EXPECT_EQ(table.child(table.indexOfChild(table.cellAt(40, 70))), table.cellAt(40, 70));
+  view.SetCellSize(100);
+  view.ScrollToPosition({3000, 3000});
   EXPECT_EQ(table.indexOfChild(table.cellAt(0, 0)), -1) << "far out of sight";
   EXPECT_TRUE(table.cellAt(0, 0)->state().offscreen);
 
   const QAccessible::Id first = QAccessible::uniqueId(table.cellAt(0, 0));
   for (int index = 0; index < 8000; ++index) ASSERT_TRUE(table.cellAt(index / 100, index % 100));
   EXPECT_FALSE(QAccessible::accessibleInterface(first)) << "its body was given up for others";
-  EXPECT_EQ(table.cellAt(0, 0)->text(QAccessible::Name), "n:Sol\nv:0\no:Free\ns:Void") << "and is made anew";
+  EXPECT_TRUE(table.cellAt(0, 0)->text(QAccessible::Name).startsWith(LabelStart(0))) << "and is made anew";
 }
 
 TEST(CellTooltip, SaysWhatTheCellCannotShow) {
-  constexpr char kWhole[] = "n:Sol\nv:12\no:Free\ns:Void";
   Editor editor;
   CVastrelDoc& document = *editor.OpenMap(10, 8);
   MapLook look;
   EXPECT_EQ(CellTooltip(document, look, {2, 1}), "") << "it can be read at 100 pixels";
   look.filter = [](const CellRecord&) { return false; };
-  EXPECT_EQ(CellTooltip(document, look, {2, 1}), kWhole) << "faded cells bear no label";
+  EXPECT_TRUE(CellTooltip(document, look, {2, 1}).startsWith(LabelStart(12))) << "faded cells bear no label";
   look.filter = nullptr;
   look.cellSizePx = 40;
-  EXPECT_EQ(CellTooltip(document, look, {2, 1}), kWhole) << "two lines have room";
+  EXPECT_TRUE(CellTooltip(document, look, {2, 1}).startsWith(LabelStart(12))) << "two lines have room";
   EXPECT_EQ(CellTooltip(document, look, {10, 0}), "") << "beside the map";
 
   editor.View().SetCellSize(20);

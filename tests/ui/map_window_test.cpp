@@ -49,7 +49,10 @@ TEST(MapWindow, GenericFilesHaveTheirOwnMenuAndAnOpenFileIsActivated) {
   EXPECT_EQ(editor.Frame().menuBar()->objectName(), "101");
   editor.Open(editor.WriteMap("two.vrl", 4, 3));
   EXPECT_EQ(editor.Frame().menuBar()->objectName(), "102");
+  editor.MovePointer(editor.Middle({2, 1}));
+  EXPECT_EQ(editor.Pane(ID_INDICATOR_POSITION), "6(2:1)");
   EXPECT_EQ(editor.Open(first), document);
+  EXPECT_EQ(editor.Pane(ID_INDICATOR_POSITION), "") << "the other map's position";
   EXPECT_EQ(editor.app.Documents().size(), 2U);
   EXPECT_EQ(editor.View().Document(), document);
 }

@@ -38,10 +38,8 @@ TEST(ZoomSteps, CellsFollowThePinch) {
     float to;
   };
   const Row rows[] = {
-      {"twice as far apart", 20, {1.1, 1.1, 1.7}, 40},
-      {"half as far", 100, {0.8, 0.625}, 50},
-      {"too little for a step", 50, {1.1, 1.05}, 50},
-      {"there and back", 50, {1.5, 1.0 / 1.5}, 50},
+      {"twice as far apart", 20, {1.1, 1.1, 1.7}, 40}, {"half as far", 100, {0.8, 0.625}, 50},
+      {"too little for a step", 50, {1.1, 1.05}, 50},  {"there and back", 50, {1.5, 1.0 / 1.5}, 50},
       {"over the end and back", 90, {3, 0.9}, 90},
   };
   for (const Row& row : rows) {
