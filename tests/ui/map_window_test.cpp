@@ -337,7 +337,6 @@ TEST(MapWindow, GoesToTheCellThatTheUserTypes) {
   editor.MovePointer(editor.Middle({4, 4}));
   const auto type = [](QDialog& dialog, const char* text) {
     auto* place = dialog.findChild<QLineEdit*>();
-    place->clear();
     QTest::keyClicks(place, text);
     QTest::keyClick(place, Qt::Key_Return);
   };

@@ -23,8 +23,8 @@ GoToCellDialog::GoToCellDialog(const CellGrid& grid, CellCoord current, QWidget*
   auto* label = new QLabel(tr("&Cell (column:row, or index):"), this);
   label->setBuddy(place_);
   if (grid.IsValid(current)) place_->setText(QStringLiteral("%1:%2").arg(current.column).arg(current.row));
-  place_->selectAll();
   place_->setMaxLength(kMaxCharacters);
+  place_->selectAll();
   hint_->setTextFormat(Qt::PlainText);
   hint_->setText(RangeText());
 
