@@ -1,4 +1,4 @@
-"""A sitting at the editor with real X events: look at a map, mark, paint, save, save under a new name, leave.
+"""A sitting at the editor with real X events: look at a map, mark, walk, paint, save, save under a new name, leave.
 Usage: journey.py QUORVEL QUORVEL-MAP SAMPLES"""
 
 import pathlib
@@ -7,7 +7,7 @@ import subprocess
 import sys
 import tempfile
 
-from hand import Editor, Map, until
+from hand import MAP, Atspi, Editor, Map, has, until
 
 ROW = [((2, 2), "98(2:2)"), ((3, 2), "99(3:2)"), ((4, 2), "100(4:2)")]  # of a map 48 cells wide
 
@@ -62,6 +62,34 @@ def mark(editor, cells):
     await_marks(*plain)
     editor.keys("ctrl+d")
     await_marks()
+
+
+def walk_by_keys(editor, cells):
+    """From cell to cell and to one far off, while the pointer rests; a screen reader hears of each."""
+
+    def await_cell(column, row, state):
+        def reached():
+            return has(Atspi.Table.get_accessible_at(editor.find(*MAP), row, column), state)
+
+        until(reached, f"the state {state} of {column}:{row}")
+
+    cells.point(2, 2)
+    editor.await_position("98(2:2)")
+    for key, text in [("alt+Right", "99(3:2)"), ("alt+Prior", "100(4:2)"), ("alt+Down", "148(4:3)")]:
+        editor.keys(key)
+        editor.await_position(text)
+    await_cell(4, 3, Atspi.StateType.FOCUSED)
+    editor.keys("space")
+    await_cell(4, 3, Atspi.StateType.SELECTED)
+    editor.keys("space")
+    for place, text in [("47:31", "1535(47:31)"), ("0", "0(0:0)")]:
+        editor.keys("ctrl+g")
+        editor.dialog("Go To Cell")
+        editor.type(place)
+        editor.keys("Return")
+        editor.await_position(text)
+    editor.await_keyboard_in_map()
+    cells.point(7, 6)  # a pointer that rests leaves the cell to the keys
 
 
 def paint(editor, cells):
@@ -129,6 +157,7 @@ def main():
             open_map(editor, saved)
             cells = zoom_and_point(editor)
             mark(editor, cells)
+            walk_by_keys(editor, cells)
             paint(editor, cells)
             save(editor)
             save_as_text(editor, mine)
