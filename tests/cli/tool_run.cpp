@@ -59,10 +59,12 @@ pid_t Start(const std::vector<std::string>& arguments, const RunSettings& settin
   Redirect(STDERR_FILENO, streams.err, O_WRONLY | O_CREAT | O_TRUNC);
   if (!settings.folder.empty() && ::chdir(settings.folder.c_str()) != 0) ::_exit(126);
   for (std::string& variable : environment) ::putenv(variable.data());
+#ifndef __SANITIZE_ADDRESS__  // whose shadow takes more than any limit
   if (settings.memoryBytes != 0) {
     const rlimit limit{settings.memoryBytes, settings.memoryBytes};
     ::setrlimit(RLIMIT_AS, &limit);
   }
+#endif
   if (settings.closeStreams) {
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) ::close(stream);
   }

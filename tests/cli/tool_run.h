@@ -28,8 +28,8 @@ struct RunSettings {
   std::string outPath;                   ///< where standard output goes instead of into ToolRun::out
   std::string folder;                    ///< working folder
   std::vector<std::string> environment;  ///< "NAME=value" beside the usual ones
-  std::size_t memoryBytes = 0;           ///< address space the program may take; 0: no limit
-  bool closeStreams = false;             ///< runs with all three standard streams closed
+  std::size_t memoryBytes = 0;  ///< address space the program may take; 0, or under the sanitizer: no limit
+  bool closeStreams = false;    ///< runs with all three standard streams closed
 };
 
 /// Runs build/.../bin/quorvel-map to its end.

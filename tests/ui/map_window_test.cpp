@@ -159,7 +159,7 @@ TEST(MapWindow, ZoomingByWheelAndPinchKeepsTheCellUnderThePointer) {
 TEST(MapWindow, TwoFingersOnATouchScreenZoom) {
   Editor editor;
   ASSERT_TRUE(editor.OpenMap(100, 80));
-  QPointingDevice* screen = QTest::createTouchDevice();
+  static QPointingDevice* const screen = QTest::createTouchDevice();  // lives as long as the program
   QWidget& viewport = *editor.View().viewport();
   QTest::touchEvent(&viewport, screen).press(0, {100, 200}).press(1, {500, 200});
   for (int inward = 10; inward <= 100; inward += 10)
