@@ -10,8 +10,9 @@
 namespace quorvel {
 namespace {
 
-/// Often enough for a moving progress bar and clicks answered without a wait that can be felt.
-constexpr qint64 kPumpEveryMs = 16;
+/// A click waits for this long at most, and then for the frame that is painted before it is answered:
+/// together less than 50 ms.
+constexpr qint64 kPumpEveryMs = 8;
 
 }  // namespace
 
