@@ -91,7 +91,7 @@ TEST(Editing, EveryKindIsPaintedAlongADragAndSaved) {
                           {kOwner, "owner", nullptr, "Aurelia"},
                           {kPost, "post", nullptr, "<error>"}};
   Editor editor;
-  CVastrelDoc& document = *editor.Open(editor.folder.Write("map.vrl", FileText(kEveryKind)));
+  CVastrelDoc& document = *editor.Open(editor.folder.Write("map.vrl", WithCrLf(kEveryKind)));
   editor.View().SetCellSize(50);
   int line = 0;
   for (const Row& row : rows) {

@@ -58,12 +58,6 @@ void SendMouse(QWidget& widget, QEvent::Type type, QPoint place, Qt::MouseButton
 
 }  // namespace
 
-std::string FileText(std::string text) {
-  for (std::size_t end = text.find('\n'); end != text.npos; end = text.find('\n', end + 2))
-    text.insert(end, 1, '\r');
-  return text;
-}
-
 void NameFile(QDialog& dialog, const std::string& path) {
   auto* name = dialog.findChild<QLineEdit*>("fileNameEdit");
   ASSERT_TRUE(name) << "no file dialog: " << dialog.windowTitle().toStdString();
@@ -78,7 +72,7 @@ std::string Editor::MapText(int width, int height) {
     text += fmt::format("[Objects/Galaxy/Cells/{}]\nv={}\nowner={}\nstar={}\n", index, index, index % 2,
                         index % 3 % 2);
   }
-  return FileText(std::move(text));
+  return WithCrLf(text);
 }
 
 Services Editor::ServicesFor(Answers answers) {
@@ -95,7 +89,7 @@ Services Editor::ServicesFor(Answers answers) {
 
 void Editor::GiveDefinitions(const std::string& text) {
   settings.Set(std::string(kApplicationKey) + "\\Definitions", "DefaultFile",
-               folder.Write("Definitions.txt", FileText(text)));
+               folder.Write("Definitions.txt", WithCrLf(text)));
 }
 
 QString Editor::Pane(int id) {

@@ -9,6 +9,7 @@
 #include <gtest/gtest.h>
 
 #include "map/vastrel_doc.h"
+#include "tests/cli/tool_run.h"
 #include "tests/platform/scripted_prompts.h"
 #include "tests/platform/temp_folder.h"
 #include "ui/dialogs/map_dialogs.h"
@@ -122,9 +123,6 @@ class Editor {
     started = app.InitInstance(commandLine);
   }
 };
-
-/// A text with the line ends of a file.
-std::string FileText(std::string text);
 
 /// Names a file in a file dialog and leaves it.
 void NameFile(QDialog& dialog, const std::string& path);

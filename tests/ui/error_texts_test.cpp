@@ -110,7 +110,7 @@ TEST(ErrorTexts, OfMapFiles) {
     SCOPED_TRACE(row.title);
     Editor editor(Answers::InWindows);
     WhenModals({Says("Map file error:\n\n" + row.text + "\n")});
-    const CVastrelDoc* document = editor.Open(editor.folder.Write("map.gdf", FileText(row.file)));
+    const CVastrelDoc* document = editor.Open(editor.folder.Write("map.gdf", WithCrLf(row.file)));
     EXPECT_EQ(document != nullptr, row.opens);
     EXPECT_EQ(editor.app.GetRecentFiles().Paths().size(), row.opens ? 1U : 0U);
   }

@@ -7,7 +7,6 @@
 
 #include "map/editing.h"
 #include "platform/registry_settings.h"
-#include "tests/cli/tool_run.h"
 #include "tests/ui/cell_page_run.h"
 #include "tests/ui/editor.h"
 #include "tests/ui/modal_script.h"
@@ -126,7 +125,7 @@ TEST(NewMap, TheBatchToolMakesTheSameMapFromTheKeptSettings) {
   EXPECT_TRUE(document.IsModified());
   ASSERT_TRUE(document.OnSaveDocument(editor.folder / "made.vrl"));
 
-  const std::string settings = editor.folder.Write("settings.txt", FileText(kSettings));
+  const std::string settings = editor.folder.Write("settings.txt", WithCrLf(kSettings));
   const std::vector<std::string> rows[] = {
       {"new", "--settings", OnlyFileIn(editor.folder / "fills"), editor.folder / "again.vrl"},
       {"new", "--definitions", editor.folder / "Definitions.txt", "--settings", settings,
@@ -158,7 +157,7 @@ TEST(NewMap, ACancelledWizardLeavesTheEmptyMap) {
 
 TEST(NewMap, AsksWhereTheDefinitionsAreOnce) {
   Editor editor(Answers::InWindows);
-  const std::string file = editor.folder.Write("mine.txt", FileText(kDefinitions));
+  const std::string file = editor.folder.Write("mine.txt", WithCrLf(kDefinitions));
   const auto cancel = [](QDialog& wizard) { Press(wizard, IDCANCEL); };
   WhenModals({ChooseProductMap,
               [](QDialog& dialog) {
