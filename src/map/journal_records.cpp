@@ -2,11 +2,11 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <cstring>
 #include <memory>
 
 #include <fmt/format.h>
 
+#include "data/slot.h"
 #include "data/string_member.h"
 #include "platform/little_endian.h"
 
@@ -148,9 +148,7 @@ std::string EncodeValue(const CellRecord& record, const MemberDef& member) {
   if (member.GetKind() == MemberKind::String) {
     bytes += static_cast<const StringMember&>(member).Text(slot);
   } else {
-    std::uint32_t value = 0;
-    std::memcpy(&value, slot, sizeof value);
-    PutLittleEndian(bytes, value);
+    PutLittleEndian(bytes, LoadSlot<std::uint32_t>(slot));
   }
   return bytes;
 }

@@ -9,6 +9,7 @@
 #include <fmt/format.h>
 
 #include "data/c_numbers.h"
+#include "data/slot.h"
 #include "map/map_limits.h"
 
 namespace quorvel {
@@ -145,15 +146,14 @@ class BlockReader {
 
   /// The file's offset of a text becomes its handle.
   bool TurnIntoHandle(std::int32_t index, const StringMemberPlace& place, std::byte* slot) {
-    std::uint32_t offset = 0;
-    std::memcpy(&offset, slot, sizeof offset);
+    const auto offset = LoadSlot<std::uint32_t>(slot);
     const std::int64_t start = textOffset_ + offset;
     if (start < 0 || start >= fileBytes_) {
       return Refuse("The text \"{}\" of cell {} starts at {}, outside a file of {} bytes.",
                     place.member->GetName(), index, start, fileBytes_);
     }
     const TextHandle handle = TextArena::At(texts_, static_cast<std::uint32_t>(start - textStart_));
-    std::memcpy(slot, &handle, sizeof handle);
+    StoreSlot(slot, handle);
     return true;
   }
 

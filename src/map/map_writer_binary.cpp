@@ -6,6 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "data/slot.h"
+
 namespace quorvel {
 namespace {
 
@@ -71,9 +73,7 @@ class CellTexts {
   const std::vector<Place>& Places() const { return places_; }
 
   std::string_view Text(const std::byte* block, const Place& place) const {
-    TextHandle handle{};
-    std::memcpy(&handle, block + place.blockOffset, sizeof handle);
-    return texts_->Text(handle);
+    return texts_->Text(LoadSlot<TextHandle>(block + place.blockOffset));
   }
 
  private:
@@ -99,7 +99,7 @@ void WriteDataBlock(const AllCells& cells, const CellTexts& texts, std::streambu
       std::memcpy(&row[run.packedOffset], block + run.blockOffset, static_cast<std::size_t>(run.bytes));
     }
     for (const CellTexts::Place& place : texts.Places()) {
-      std::memcpy(&row[place.packedOffset], &textPosition, sizeof textPosition);
+      StoreSlot(&row[place.packedOffset], textPosition);
       textPosition += static_cast<std::uint32_t>(texts.Text(block, place).size() + 1);
     }
     Put(out, row.data(), row.size());

@@ -1,21 +1,20 @@
 #include "render/label_images.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 #include <QImage>
 
 #include "data/member_def.h"
+#include "data/slot.h"
 #include "render/cell_look.h"
 
 namespace quorvel {
 namespace {
 
 std::uint32_t ValueOf(const MemberDef& member, const CellRecord& record) {
-  std::uint32_t value = 0;  // an object member shows the same for all values
-  if (const void* slot = member.GetValuePtr(record.data)) std::memcpy(&value, slot, sizeof value);
-  return value;
+  const void* slot = member.GetValuePtr(record.data);
+  return slot ? LoadSlot<std::uint32_t>(slot) : 0;  // an object member shows the same for all values
 }
 
 /// Adds the ink of the line's first `rows` rows, `top` rows below the image's top.
