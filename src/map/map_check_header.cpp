@@ -44,9 +44,8 @@ bool IsMapText(const DataBranch& tree) {
 
 void CheckHeader(const NumberedText& text, int form, const ProblemSink& report) {
   MapContents smallest;
-  smallest.m_nDataType = form;
   MakeGrid(smallest, 1, 1);
-  const auto written = BuildFileTree(smallest, {});
+  const auto written = BuildFileTree(smallest, form, {});
   ForEachFixedLeaf(*written, [&](const std::string& path, const DataLeaf& expected) {
     const DataLeaf* leaf = text.Tree().FindLeaf(path);
     if (leaf == nullptr) {

@@ -20,22 +20,9 @@ int BaseForm(const CellGrid& grid) {
   return grid.CellCount() > kSmallMapCells && isMostlyEmpty ? kTextForm : kBinaryForm;
 }
 
-/// Lets a map be written in another form during this object's life.
-class InForm {
- public:
-  InForm(MapContents& map, int form) : map_(map), own_(std::exchange(map.m_nDataType, form)) {}
-  ~InForm() { map_.m_nDataType = own_; }
-  InForm(const InForm&) = delete;
-  InForm& operator=(const InForm&) = delete;
-
- private:
-  MapContents& map_;
-  const int own_;
-};
-
-bool WriteBase(const std::string& path, MapContents& map, Feedback& feedback, std::string& errorText) try {
-  const InForm inForm(map, BaseForm(*map.m_pGrid));
-  const std::optional<MapFilePlan> plan = PlanMapFile(map, {}, errorText);
+bool WriteBase(const std::string& path, const MapContents& map, Feedback& feedback,
+               std::string& errorText) try {
+  const std::optional<MapFilePlan> plan = PlanMapFile(map, BaseForm(*map.m_pGrid), {}, errorText);
   if (!plan) return false;
   feedback.Pump();
   AtomicFile file(path);
@@ -50,7 +37,7 @@ bool WriteBase(const std::string& path, MapContents& map, Feedback& feedback, st
 
 }  // namespace
 
-bool MapJournal::Begin(JournalHead head, MapContents& map, Feedback& feedback, std::string& errorText) {
+bool MapJournal::Begin(JournalHead head, const MapContents& map, Feedback& feedback, std::string& errorText) {
   Remove();
   if (folder_.empty()) return true;
   std::unique_ptr<EditJournal> journal = EditJournal::Create(folder_);

@@ -25,7 +25,7 @@ class MapJournal {
 
   /// Starts with the map as it is now, in place of what was kept before, and pumps the feedback meanwhile.
   /// `head.cellClass` is filled in here. False: a line in the error text says why.
-  bool Begin(JournalHead head, MapContents& map, Feedback& feedback, std::string& errorText);
+  bool Begin(JournalHead head, const MapContents& map, Feedback& feedback, std::string& errorText);
   /// Keeps the value that the record has in a member of the cell class. The journal must be open.
   bool Add(const CellRecord& record, const MemberDef& member, std::string& errorText);
   /// Goes on with a journal that was replayed.

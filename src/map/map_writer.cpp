@@ -9,10 +9,6 @@
 namespace quorvel {
 namespace {
 
-bool IsBinary(const MapContents& contents) {
-  return contents.m_nDataType == kBinaryForm;
-}
-
 void MeasureTextFile(const MapContents& contents, MapFilePlan& plan) {
   plan.treeBytes = plan.tree->TextSize();
   plan.fileBytes = plan.treeBytes + MeasureTextCells(contents);
@@ -25,39 +21,44 @@ void MeasureBinaryFile(const MapContents& contents, MapFilePlan& plan) {
 }
 
 /// Cells that have values after the file was loaded.
-std::uint64_t CountLoadedCells(const MapContents& contents) {
-  const CellGrid& grid = *contents.m_pGrid;
-  return static_cast<std::uint64_t>(IsBinary(contents) ? grid.CellCount() : grid.Count());
+std::uint64_t CountLoadedCells(const CellGrid& grid, int form) {
+  return static_cast<std::uint64_t>(form == kBinaryForm ? grid.CellCount() : grid.Count());
 }
 
 }  // namespace
 
-std::optional<MapFilePlan> PlanMapFile(const MapContents& contents, std::string_view title,
+std::optional<MapFilePlan> PlanMapFile(const MapContents& contents, int form, std::string_view title,
                                        std::string& errorText) {
   if (contents.m_pGrid == nullptr) {
     errorText += "There is no map to save.\n";
     return std::nullopt;
   }
   MapFilePlan plan;
-  plan.tree = BuildFileTree(contents, title);
-  if (IsBinary(contents)) {
+  plan.form = form;
+  plan.tree = BuildFileTree(contents, form, title);
+  if (form == kBinaryForm) {
     MeasureBinaryFile(contents, plan);
   } else {
     MeasureTextFile(contents, plan);
   }
-  if (!CheckFileSize(contents.m_nDataType, plan.fileBytes, errorText) ||
-      !CheckLoadedCells(contents.m_nDataType, CountLoadedCells(contents), CellBlockBytes(contents),
+  if (!CheckFileSize(form, plan.fileBytes, errorText) ||
+      !CheckLoadedCells(form, CountLoadedCells(*contents.m_pGrid, form), CellBlockBytes(contents),
                         plan.fileBytes, errorText)) {
     return std::nullopt;
   }
   return plan;
 }
 
+std::optional<MapFilePlan> PlanMapFile(const MapContents& contents, std::string_view title,
+                                       std::string& errorText) {
+  return PlanMapFile(contents, contents.m_nDataType, title, errorText);
+}
+
 void SaveMap(const MapFilePlan& plan, const MapContents& contents, std::streambuf& out, Feedback& feedback) {
   const WaitCursor wait(feedback);
   MapProgress progress(feedback, "Saving map...");
   plan.tree->WriteText(&out);
-  if (!IsBinary(contents)) return WriteTextCells(contents, out, progress);
+  if (plan.form != kBinaryForm) return WriteTextCells(contents, out, progress);
 
   constexpr char kPadding[4] = {};
   out.sputn(kPadding, static_cast<std::streamsize>(PaddedTextBytes(plan.treeBytes) - plan.treeBytes));

@@ -35,8 +35,8 @@ void AddGalaxy(DataBranch& tree, const CellGrid& grid) {
 
 }  // namespace
 
-std::unique_ptr<DataBranch> BuildFileTree(const MapContents& contents, std::string_view title) {
-  const bool binary = contents.m_nDataType == kBinaryForm;
+std::unique_ptr<DataBranch> BuildFileTree(const MapContents& contents, int form, std::string_view title) {
+  const bool binary = form == kBinaryForm;
   auto tree = std::make_unique<DataBranch>(title);
   SetString(*tree, "Version/FileType", "Orvantis.Map.Vastrel");
   SetInt(*tree, "Version/FileVersion", 0);

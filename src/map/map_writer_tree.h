@@ -9,8 +9,9 @@
 
 namespace quorvel {
 
-/// The tree of a map's file without the cells. In the binary form its offsets are 0 until SettleOffsets.
-std::unique_ptr<DataBranch> BuildFileTree(const MapContents& contents, std::string_view title);
+/// The tree of a map's file of that form without the cells. In the binary form its offsets are 0 until
+/// SettleOffsets.
+std::unique_ptr<DataBranch> BuildFileTree(const MapContents& contents, int form, std::string_view title);
 
 /// Where the blocks of a binary file begin, in bytes from the start of the file.
 struct BlockOffsets {

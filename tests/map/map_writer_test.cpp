@@ -30,7 +30,7 @@ std::string VersionLines(std::string_view form) {
 
 /// The plain way to write a text form: a tree of everything, cells included.
 std::string SavedThroughTree(const MapContents& contents) {
-  const auto tree = BuildFileTree(contents, "Title");
+  const auto tree = BuildFileTree(contents, contents.m_nDataType, "Title");
   const CellGrid& grid = *contents.m_pGrid;
   DataBranch* cells = tree->GetBranch("Objects/Galaxy/Cells");
   for (auto record = grid.Following(-1); record; record = grid.Following(record->index)) {
