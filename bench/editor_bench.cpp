@@ -12,10 +12,10 @@
 #include "bench/click_watch.h"
 #include "bench/whole_editor.h"
 #include "data/number_members.h"
-#include "map/editing.h"
-#include "map/paint_tool.h"
-#include "map/vastrel_doc.h"
-#include "ui/dialogs/map_dialogs.h"
+#include "map/document/editing.h"
+#include "map/document/paint_tool.h"
+#include "map/document/vastrel_doc.h"
+#include "ui/wizard/map_dialogs.h"
 
 namespace quorvel {
 namespace {

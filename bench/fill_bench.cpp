@@ -6,7 +6,7 @@
 #include "data/index_member.h"
 #include "data/number_members.h"
 #include "data/string_member.h"
-#include "map/map_fill.h"
+#include "map/fill/map_fill.h"
 
 namespace quorvel {
 namespace {

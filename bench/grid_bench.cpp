@@ -5,7 +5,7 @@
 
 #include "bench/bare_copy.h"
 #include "data/class_def.h"
-#include "map/hex_grid.h"
+#include "map/grid/hex_grid.h"
 
 namespace quorvel {
 namespace {

@@ -8,9 +8,9 @@
 #include <fmt/format.h>
 
 #include "bench/bare_copy.h"
-#include "map/definitions.h"
-#include "map/map_reader.h"
-#include "map/map_writer.h"
+#include "map/file/map_reader.h"
+#include "map/file/map_writer.h"
+#include "map/types/definitions.h"
 
 namespace quorvel {
 namespace {

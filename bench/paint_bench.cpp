@@ -8,8 +8,8 @@
 #include "data/index_member.h"
 #include "data/number_members.h"
 #include "data/string_member.h"
-#include "map/map_contents.h"
-#include "platform/feedback.h"
+#include "map/types/map_contents.h"
+#include "platform/documents/feedback.h"
 #include "render/map_painter.h"
 #include "render/picture.h"
 

@@ -10,10 +10,10 @@
 
 #include <QApplication>
 
-#include "platform/state_folder.h"
-#include "ui/map_editor_app.h"
-#include "ui/map_frame.h"
-#include "ui/map_view.h"
+#include "platform/files/state_folder.h"
+#include "ui/app/map_editor_app.h"
+#include "ui/frame/map_frame.h"
+#include "ui/view/map_view.h"
 
 namespace quorvel {
 

@@ -22,10 +22,11 @@ if(QUORVEL_SANITIZERS)
 endif()
 
 # quorvel_room(NAME ROOMS... [LINKS LIBRARY...])
-# The library quorvel_NAME of all sources in this folder; it may include the named rooms and libraries only.
+# The library quorvel_NAME of all sources in this folder and its sub-rooms; it may include the named rooms and
+# libraries only.
 function(quorvel_room name)
   cmake_parse_arguments(ROOM "" "" "ROOMS;LINKS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS *.h *.cpp)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.h *.cpp)
   list(FILTER sources EXCLUDE REGEX "/main\\.cpp$")
   list(TRANSFORM ROOM_ROOMS PREPEND quorvel_)
   if(NOT sources)
@@ -40,10 +41,10 @@ function(quorvel_room name)
 endfunction()
 
 # quorvel_tests(NAME ROOMS... [LINKS LIBRARY...])
-# The program NAME_tests of all sources in this folder; every test is a row of ctest.
+# The program NAME_tests of all sources in this folder and below; every test is a row of ctest.
 function(quorvel_tests name)
   cmake_parse_arguments(TESTS "" "" "ROOMS;LINKS" ${ARGN})
-  file(GLOB sources CONFIGURE_DEPENDS *.h *.cpp)
+  file(GLOB_RECURSE sources CONFIGURE_DEPENDS *.h *.cpp)
   list(TRANSFORM TESTS_ROOMS PREPEND quorvel_)
   if(NOT sources)
     return()

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "data/string_member.h"
-#include "map/map_reader.h"
-#include "map/map_writer.h"
+#include "map/file/map_reader.h"
+#include "map/file/map_writer.h"
 
 // Loads any bytes as a map and holds the reader to its laws: both roads make the same of a file, a refused
 // one has a line that says so, and what is planned for the file of a loaded map is what is written.

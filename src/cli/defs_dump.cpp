@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "cli/dump_words.h"
-#include "map/map_size_limits.h"
+#include "map/types/map_size_limits.h"
 
 namespace quorvel {
 

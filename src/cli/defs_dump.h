@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "cli/results.h"
-#include "map/map_contents.h"
+#include "map/types/map_contents.h"
 
 namespace quorvel {
 

@@ -1,7 +1,7 @@
 #include "cli/command.h"
 #include "cli/map_file.h"
 #include "cli/one_standard_input.h"
-#include "map/map_diff.h"
+#include "map/check/map_diff.h"
 
 namespace quorvel {
 

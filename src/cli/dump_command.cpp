@@ -7,7 +7,7 @@
 #include "cli/progress_bar.h"
 #include "cli/tree_dump.h"
 #include "cli/tree_file.h"
-#include "map/definitions.h"
+#include "map/types/definitions.h"
 
 namespace quorvel {
 

@@ -5,7 +5,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include "map/data_type.h"
+#include "map/types/data_type.h"
 
 namespace quorvel {
 

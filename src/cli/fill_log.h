@@ -1,8 +1,8 @@
 #pragma once
 
 #include "cli/results.h"
-#include "map/map_contents.h"
-#include "platform/feedback.h"
+#include "map/types/map_contents.h"
+#include "platform/documents/feedback.h"
 
 namespace quorvel {
 

@@ -2,7 +2,7 @@
 #include <unistd.h>
 
 #include "cli/tool.h"
-#include "platform/end_by_signal.h"
+#include "platform/files/end_by_signal.h"
 
 namespace {
 

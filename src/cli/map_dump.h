@@ -1,7 +1,7 @@
 #pragma once
 
 #include "cli/results.h"
-#include "map/map_contents.h"
+#include "map/types/map_contents.h"
 
 namespace quorvel {
 

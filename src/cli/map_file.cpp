@@ -2,11 +2,11 @@
 
 #include "cli/progress_bar.h"
 #include "cli/read_outcome.h"
-#include "map/map_limits.h"
-#include "map/map_reader.h"
-#include "map/map_writer.h"
-#include "platform/atomic_file.h"
-#include "platform/file_source.h"
+#include "map/file/map_reader.h"
+#include "map/file/map_writer.h"
+#include "map/types/map_limits.h"
+#include "platform/files/atomic_file.h"
+#include "platform/files/file_source.h"
 
 namespace quorvel {
 

@@ -4,7 +4,7 @@
 
 #include "cli/console.h"
 #include "cli/exit_code.h"
-#include "map/map_contents.h"
+#include "map/types/map_contents.h"
 
 namespace quorvel {
 

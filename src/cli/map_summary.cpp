@@ -9,7 +9,7 @@
 #include "data/index_member.h"
 #include "data/slot.h"
 #include "data/string_member.h"
-#include "map/control_escapes.h"
+#include "map/check/control_escapes.h"
 
 namespace quorvel {
 

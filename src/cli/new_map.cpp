@@ -1,12 +1,12 @@
 #include "cli/new_map.h"
 
 #include "cli/tree_file.h"
-#include "map/definitions.h"
-#include "map/fill_settings.h"
-#include "map/locate_definitions.h"
-#include "map/map_fill.h"
-#include "map/map_size_limits.h"
-#include "platform/clock.h"
+#include "map/document/locate_definitions.h"
+#include "map/fill/fill_settings.h"
+#include "map/fill/map_fill.h"
+#include "map/types/definitions.h"
+#include "map/types/map_size_limits.h"
+#include "platform/documents/clock.h"
 
 namespace quorvel {
 

@@ -6,8 +6,8 @@
 
 #include "cli/console.h"
 #include "cli/map_file.h"
-#include "map/map_contents.h"
-#include "platform/feedback.h"
+#include "map/types/map_contents.h"
+#include "platform/documents/feedback.h"
 
 namespace quorvel {
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "cli/console.h"
-#include "platform/feedback.h"
+#include "platform/documents/feedback.h"
 
 namespace quorvel {
 

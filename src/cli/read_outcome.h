@@ -4,7 +4,7 @@
 
 #include "cli/console.h"
 #include "cli/exit_code.h"
-#include "platform/file_source.h"
+#include "platform/files/file_source.h"
 
 namespace quorvel {
 

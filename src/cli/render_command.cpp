@@ -11,9 +11,9 @@
 #include "cli/one_standard_input.h"
 #include "cli/progress_bar.h"
 #include "cli/tree_file.h"
-#include "map/fill_settings.h"
-#include "map/map_filter.h"
-#include "platform/atomic_file.h"
+#include "map/fill/fill_settings.h"
+#include "map/fill/map_filter.h"
+#include "platform/files/atomic_file.h"
 #include "render/picture.h"
 
 namespace quorvel {

@@ -1,6 +1,6 @@
 #include "cli/command.h"
 #include "cli/tree_file.h"
-#include "map/data_type.h"
+#include "map/types/data_type.h"
 
 namespace quorvel {
 

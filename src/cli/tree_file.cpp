@@ -2,10 +2,10 @@
 
 #include "cli/read_outcome.h"
 #include "data/text_reader.h"
-#include "map/data_type.h"
-#include "map/map_limits.h"
-#include "platform/atomic_file.h"
-#include "platform/file_source.h"
+#include "map/types/data_type.h"
+#include "map/types/map_limits.h"
+#include "platform/files/atomic_file.h"
+#include "platform/files/file_source.h"
 
 namespace quorvel {
 

@@ -5,7 +5,7 @@
 #include <QPoint>
 #include <QRect>
 
-#include "map/cell_metrics.h"
+#include "map/grid/cell_metrics.h"
 #include "render/pixel_scale.h"
 
 namespace quorvel {

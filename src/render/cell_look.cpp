@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-#include "map/cell_label.h"
+#include "map/grid/cell_label.h"
 #include "render/colour_members.h"
 #include "render/display_text.h"
 

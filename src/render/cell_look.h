@@ -3,7 +3,7 @@
 #include <QRgb>
 #include <QStringList>
 
-#include "map/map_contents.h"
+#include "map/types/map_contents.h"
 #include "render/map_look.h"
 
 namespace quorvel {

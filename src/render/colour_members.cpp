@@ -1,7 +1,7 @@
 #include "render/colour_members.h"
 
 #include "data/class_def.h"
-#include "map/hex_grid.h"
+#include "map/grid/hex_grid.h"
 
 namespace quorvel {
 namespace {

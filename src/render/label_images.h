@@ -8,7 +8,7 @@
 
 #include <QSize>
 
-#include "map/hex_grid.h"
+#include "map/grid/hex_grid.h"
 #include "render/label_font.h"
 
 namespace quorvel {

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "map/cell_metrics.h"
-#include "map/hex_grid.h"
+#include "map/grid/cell_metrics.h"
+#include "map/grid/hex_grid.h"
 
 namespace quorvel {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <optional>
 
-#include "platform/cell_coord.h"
+#include "platform/documents/cell_coord.h"
 
 namespace quorvel {
 

@@ -4,7 +4,7 @@
 
 #include <QRgb>
 
-#include "platform/cell_coord.h"
+#include "platform/documents/cell_coord.h"
 
 namespace quorvel {
 

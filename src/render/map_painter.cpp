@@ -9,7 +9,7 @@
 
 #include <QImage>
 
-#include "map/map_contents.h"
+#include "map/types/map_contents.h"
 #include "render/cell_look.h"
 #include "render/cell_shapes.h"
 #include "render/label_images.h"

@@ -6,7 +6,7 @@
 #include <QImage>
 #include <QPainter>
 
-#include "map/map_contents.h"
+#include "map/types/map_contents.h"
 #include "render/map_painter.h"
 #include "render/plain_painter.h"
 #include "render/visible_cells.h"

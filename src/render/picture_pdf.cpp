@@ -4,7 +4,7 @@
 #include <QPainter>
 #include <QPdfWriter>
 
-#include "map/map_contents.h"
+#include "map/types/map_contents.h"
 #include "render/paper_painter.h"
 #include "render/picture.h"
 #include "render/picture_plan.h"

@@ -4,7 +4,7 @@
 
 #include <fmt/format.h>
 
-#include "map/map_contents.h"
+#include "map/types/map_contents.h"
 #include "render/colour_members.h"
 
 namespace quorvel {

@@ -3,7 +3,7 @@
 #include <optional>
 #include <string>
 
-#include "platform/feedback.h"
+#include "platform/documents/feedback.h"
 #include "render/map_extent.h"
 #include "render/map_look.h"
 #include "render/picture.h"

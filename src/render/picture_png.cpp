@@ -2,7 +2,7 @@
 
 #include <QImage>
 
-#include "map/map_contents.h"
+#include "map/types/map_contents.h"
 #include "render/map_painter.h"
 #include "render/picture.h"
 #include "render/picture_plan.h"

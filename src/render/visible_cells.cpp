@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "map/hex_grid.h"
+#include "map/grid/hex_grid.h"
 
 namespace quorvel {
 namespace {

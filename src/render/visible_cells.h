@@ -3,7 +3,7 @@
 #include <array>
 #include <cstdint>
 
-#include "map/cell_metrics.h"
+#include "map/grid/cell_metrics.h"
 #include "render/map_extent.h"
 #include "render/pixel_scale.h"
 

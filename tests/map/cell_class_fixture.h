@@ -7,7 +7,7 @@
 #include "data/number_members.h"
 #include "data/object_member.h"
 #include "data/string_member.h"
-#include "map/map_contents.h"
+#include "map/types/map_contents.h"
 
 namespace quorvel {
 

@@ -4,8 +4,8 @@
 #include <string_view>
 #include <vector>
 
-#include "map/map_contents.h"
-#include "platform/feedback.h"
+#include "map/types/map_contents.h"
+#include "platform/documents/feedback.h"
 
 namespace quorvel {
 

@@ -6,7 +6,7 @@
 #include <utility>
 #include <vector>
 
-#include "map/services.h"
+#include "map/document/services.h"
 #include "tests/map/map_samples.h"
 #include "tests/platform/scripted_prompts.h"
 

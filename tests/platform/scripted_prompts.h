@@ -7,7 +7,7 @@
 
 #include <gtest/gtest.h>
 
-#include "platform/prompts.h"
+#include "platform/documents/prompts.h"
 
 namespace quorvel {
 

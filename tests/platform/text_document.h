@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/document.h"
+#include "platform/documents/document.h"
 
 namespace quorvel {
 

@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "map/map_contents.h"
+#include "map/types/map_contents.h"
 #include "render/map_look.h"
 
 namespace quorvel {

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "map/hex_grid.h"
+#include "map/grid/hex_grid.h"
 
 namespace quorvel {
 namespace {

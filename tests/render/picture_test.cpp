@@ -9,7 +9,7 @@
 #include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-#include "platform/feedback.h"
+#include "platform/documents/feedback.h"
 #include "render/map_painter.h"
 #include "tests/render/galaxy.h"
 

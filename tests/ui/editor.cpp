@@ -5,7 +5,7 @@
 #include <QMouseEvent>
 #include <fmt/format.h>
 
-#include "map/cell_metrics.h"
+#include "map/grid/cell_metrics.h"
 
 namespace quorvel {
 namespace {

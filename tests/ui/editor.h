@@ -8,16 +8,16 @@
 #include <QTest>
 #include <gtest/gtest.h>
 
-#include "map/vastrel_doc.h"
+#include "map/document/vastrel_doc.h"
 #include "tests/cli/tool_run.h"
 #include "tests/platform/scripted_prompts.h"
 #include "tests/platform/temp_folder.h"
-#include "ui/dialogs/map_dialogs.h"
-#include "ui/map_editor_app.h"
-#include "ui/map_frame.h"
-#include "ui/map_view.h"
-#include "ui/qt_prompts.h"
+#include "ui/app/map_editor_app.h"
+#include "ui/dialogs/qt_prompts.h"
+#include "ui/frame/map_frame.h"
 #include "ui/resources/command_ids.h"
+#include "ui/view/map_view.h"
+#include "ui/wizard/map_dialogs.h"
 
 namespace quorvel {
 

@@ -11,7 +11,7 @@
 #include <QTimer>
 #include <gtest/gtest.h>
 
-#include "ui/dialog_builder.h"
+#include "ui/dialogs/dialog_builder.h"
 
 namespace quorvel {
 

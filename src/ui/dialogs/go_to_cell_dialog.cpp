@@ -6,8 +6,8 @@
 #include <QLineEdit>
 #include <QVBoxLayout>
 
-#include "map/cell_place.h"
-#include "map/hex_grid.h"
+#include "map/grid/cell_place.h"
+#include "map/grid/hex_grid.h"
 
 namespace quorvel {
 namespace {

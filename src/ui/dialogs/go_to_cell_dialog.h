@@ -2,7 +2,7 @@
 
 #include <QDialog>
 
-#include "platform/cell_coord.h"
+#include "platform/documents/cell_coord.h"
 
 class QLabel;
 class QLineEdit;

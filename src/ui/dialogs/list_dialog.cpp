@@ -2,7 +2,7 @@
 
 #include <QListWidget>
 
-#include "ui/dialog_builder.h"
+#include "ui/dialogs/dialog_builder.h"
 
 namespace quorvel {
 

@@ -9,7 +9,7 @@
 #include "data/class_def.h"
 #include "data/list_def.h"
 #include "render/display_text.h"
-#include "ui/dialog_builder.h"
+#include "ui/dialogs/dialog_builder.h"
 #include "ui/resources/wizard_templates.h"
 #include "ui/wizard/name_list.h"
 #include "ui/wizard/origin_picker.h"

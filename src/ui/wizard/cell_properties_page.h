@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "map/property_settings.h"
+#include "map/fill/property_settings.h"
 #include "ui/wizard/property_page.h"
 
 class QPushButton;

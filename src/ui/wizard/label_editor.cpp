@@ -2,9 +2,9 @@
 
 #include <QKeyEvent>
 
-#include "map/property_settings.h"
+#include "map/fill/property_settings.h"
 #include "render/display_text.h"
-#include "ui/value_edit.h"
+#include "ui/dialogs/value_edit.h"
 #include "ui/wizard/value_list.h"
 
 namespace quorvel {

@@ -4,7 +4,7 @@
 #include <QLineEdit>
 #include <QSlider>
 
-#include "ui/dialog_builder.h"
+#include "ui/dialogs/dialog_builder.h"
 #include "ui/resources/wizard_templates.h"
 
 namespace quorvel {

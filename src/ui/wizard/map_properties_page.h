@@ -2,7 +2,7 @@
 
 #include <QString>
 
-#include "map/map_size_limits.h"
+#include "map/types/map_size_limits.h"
 #include "ui/wizard/property_page.h"
 
 class QSlider;

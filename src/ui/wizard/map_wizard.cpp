@@ -6,7 +6,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "ui/dialog_builder.h"
+#include "ui/dialogs/dialog_builder.h"
 #include "ui/wizard/property_page.h"
 
 namespace quorvel {

@@ -6,7 +6,7 @@
 #include <QPainter>
 #include <QStyleOptionFocusRect>
 
-#include "map/property_settings.h"
+#include "map/fill/property_settings.h"
 
 namespace quorvel {
 namespace {

@@ -1,6 +1,6 @@
 #include "ui/wizard/property_page.h"
 
-#include "ui/dialog_builder.h"
+#include "ui/dialogs/dialog_builder.h"
 #include "ui/wizard/map_wizard.h"
 
 namespace quorvel {

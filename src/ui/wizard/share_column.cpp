@@ -4,7 +4,7 @@
 #include <QRegion>
 #include <QWheelEvent>
 
-#include "map/property_settings.h"
+#include "map/fill/property_settings.h"
 #include "ui/wizard/share_slider.h"
 #include "ui/wizard/value_list.h"
 

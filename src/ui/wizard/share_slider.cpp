@@ -4,7 +4,7 @@
 #include <QStyle>
 #include <QWheelEvent>
 
-#include "map/property_settings.h"
+#include "map/fill/property_settings.h"
 
 namespace quorvel {
 namespace {

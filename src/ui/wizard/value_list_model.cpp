@@ -2,7 +2,7 @@
 
 #include <cstdint>
 
-#include "map/property_settings.h"
+#include "map/fill/property_settings.h"
 #include "render/display_text.h"
 
 namespace quorvel {

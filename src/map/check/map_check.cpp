@@ -1,0 +1,71 @@
+#include "map/check/map_check.h"
+
+#include <algorithm>
+#include <new>
+
+#include "map/check/map_check_cells.h"
+#include "map/check/map_check_header.h"
+#include "map/check/map_check_text.h"
+#include "map/check/map_check_types.h"
+#include "map/file/map_reader.h"
+#include "map/types/definitions.h"
+#include "map/types/map_size_limits.h"
+
+namespace quorvel {
+
+namespace {
+
+void ReportLines(std::string_view errorText, const ProblemSink& report) {
+  while (!errorText.empty()) {
+    const std::size_t end = std::min(errorText.find('\n'), errorText.size());
+    report({0, std::string(errorText.substr(0, end))});
+    errorText.remove_prefix(std::min(end + 1, errorText.size()));
+  }
+}
+
+/// A map is loaded whole, of definitions alone the types are built: they have no size yet that could be
+/// refused.
+MapContents Load(std::streambuf& file, const NumberedText& text, Feedback& feedback,
+                 const ProblemSink& report) {
+  std::string errorText;
+  MapContents contents;
+  if (IsMapText(text.Tree()))
+    contents = LoadMapFile(file, feedback, errorText);
+  else
+    BuildTypes(text.Tree(), contents, errorText);
+  if (errorText.ends_with(kNoMemoryLine)) throw std::bad_alloc();
+  ReportLines(errorText, report);
+  return contents;
+}
+
+void CheckMapClass(const ClassDef* mapClass, const ProblemSink& report) {
+  MapSizeLimits limits;
+  if (!GetMapSizeLimits(mapClass, limits))
+    report({0, "class Map has no Width or no Height with a range of numbers"});
+}
+
+void CheckMapParts(std::streambuf& file, const NumberedText& text, const MapContents& contents,
+                   const ProblemSink& report) {
+  const bool binary = contents.m_nDataType == kBinaryForm;
+  CheckHeader(text, contents.m_nDataType, report);
+  if (!binary) CheckGalaxy(text, contents.m_pMapClass, report);
+  if (contents.m_pGrid == nullptr || contents.m_pCellClass == nullptr) return;
+  if (binary) {
+    CheckBlocks(file, text, contents, report);
+    CheckRecords(contents, report);
+  } else {
+    CheckTextCells(file, contents, report);
+  }
+}
+
+}  // namespace
+
+void CheckFile(std::streambuf& file, Feedback& feedback, const ProblemSink& report) {
+  const NumberedText text(file, report);
+  const MapContents contents = Load(file, text, feedback, report);
+  CheckTypes(text, report);
+  CheckMapClass(contents.m_pMapClass, report);
+  if (IsMapText(text.Tree())) CheckMapParts(file, text, contents, report);
+}
+
+}  // namespace quorvel

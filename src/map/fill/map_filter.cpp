@@ -1,0 +1,42 @@
+#include "map/fill/map_filter.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "data/string_member.h"
+
+namespace quorvel {
+
+namespace {
+
+bool SameValue(const MemberDef& member, const void* a, const void* b) {
+  if (member.GetKind() != MemberKind::String) return std::memcmp(a, b, sizeof(std::uint32_t)) == 0;
+  const auto& text = static_cast<const StringMember&>(member);
+  return text.Text(a) == text.Text(b);
+}
+
+bool Passes(const CPropertySetting& setting, ClassInstance instance) {
+  const MemberDef* member = setting.GetMember();
+  const auto& values = setting.GetValues();
+  if (member == nullptr || member->GetKind() == MemberKind::Object) return true;
+  if (values.empty() || !(setting.GetCoverage() > 0)) return true;
+
+  std::uint32_t standard = 0;
+  const void* slot = member->GetValuePtr(instance);
+  if (slot == nullptr) {
+    member->ConstructValue(&standard);
+    slot = &standard;
+  }
+  return std::any_of(values.begin(), values.end(),
+                     [&](const auto& value) { return SameValue(*member, slot, value->GetValue()); });
+}
+
+}  // namespace
+
+bool PassesFilter(const CPropertySettingList& filter, ClassInstance instance) {
+  const auto& settings = filter.GetSettings();
+  return std::all_of(settings.begin(), settings.end(),
+                     [instance](const auto& setting) { return Passes(*setting, instance); });
+}
+
+}  // namespace quorvel

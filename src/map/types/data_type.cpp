@@ -1,0 +1,12 @@
+#include "map/types/data_type.h"
+
+#include <algorithm>
+
+namespace quorvel {
+
+int DataTypeFromName(std::string_view name) {
+  const auto* found = std::find(kDataTypeNames.begin(), kDataTypeNames.end(), name);
+  return found == kDataTypeNames.end() ? kTextForm : static_cast<int>(found - kDataTypeNames.begin());
+}
+
+}  // namespace quorvel

@@ -1,0 +1,11 @@
+#include "platform/documents/view.h"
+
+#include "platform/documents/document.h"
+
+namespace quorvel {
+
+CView::~CView() {
+  if (document_ != nullptr) document_->RemoveView(*this);
+}
+
+}  // namespace quorvel

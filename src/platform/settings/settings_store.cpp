@@ -1,0 +1,132 @@
+#include "platform/settings/settings_store.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+
+#include "data/ascii_case.h"
+#include "platform/files/folder_lock.h"
+
+namespace quorvel {
+
+namespace {
+
+constexpr std::string_view kFileName = "Kelmsor/Quorvel.conf";
+
+std::string_view Environment(const char* name) {
+  const char* text = std::getenv(name);
+  return text == nullptr ? std::string_view() : text;
+}
+
+/// Relative folders in the environment count as unset.
+std::string SettingsFileIn(std::string_view folder) {
+  return folder.starts_with('/') ? std::string(folder) + "/" + std::string(kFileName) : std::string();
+}
+
+std::string SettingsFileOfPrefix() {
+  std::error_code ignored;
+  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", ignored);
+  const std::filesystem::path file = program.parent_path().parent_path() / "etc/xdg" / kFileName;
+  return std::filesystem::exists(file, ignored) ? file.string() : std::string();
+}
+
+std::string_view WithoutTrailingBackslashes(std::string_view key) {
+  while (key.ends_with('\\')) key.remove_suffix(1);
+  return key;
+}
+
+/// The key itself or one below it.
+bool IsWithin(std::string_view key, std::string_view ancestor) {
+  return key.size() >= ancestor.size() && EqualIgnoringCase(key.substr(0, ancestor.size()), ancestor) &&
+         (key.size() == ancestor.size() || key[ancestor.size()] == '\\');
+}
+
+const std::string* Find(const SettingKeys& keys, std::string_view key, std::string_view name) {
+  const auto values = keys.find(key);
+  if (values == keys.end()) return nullptr;
+  const auto value = values->second.find(name);
+  return value == values->second.end() ? nullptr : &value->second;
+}
+
+}  // namespace
+
+SettingsPlaces SettingsPlaces::FromEnvironment() {
+  SettingsPlaces places;
+  places.userFile = SettingsFileIn(Environment("XDG_CONFIG_HOME"));
+  const std::string_view home = Environment("HOME");
+  if (places.userFile.empty() && home.starts_with('/'))
+    places.userFile = SettingsFileIn(std::string(home) + "/.config");
+
+  std::string_view folders = Environment("XDG_CONFIG_DIRS");
+  if (folders.empty()) folders = "/etc/xdg";
+  while (!folders.empty()) {
+    const std::size_t end = folders.find(':');
+    const std::string file = SettingsFileIn(folders.substr(0, end));
+    if (!file.empty()) places.systemFiles.push_back(file);
+    folders = end == folders.npos ? std::string_view() : folders.substr(end + 1);
+  }
+  const std::string own = SettingsFileOfPrefix();
+  if (!own.empty()) places.systemFiles.push_back(own);
+  return places;
+}
+
+/// The user's settings, then the system's in their order.
+std::vector<SettingKeys> SettingsStore::Layers() const {
+  std::vector<SettingKeys> layers;
+  layers.push_back(places_.userFile.empty() ? memory_
+                                            : ReadSettingsFile(places_.userFile).value_or(SettingKeys()));
+  for (const std::string& file : places_.systemFiles)
+    layers.push_back(ReadSettingsFile(file).value_or(SettingKeys()));
+  return layers;
+}
+
+bool SettingsStore::HasKey(std::string_view key) const {
+  key = WithoutTrailingBackslashes(key);
+  if (IsWithin(kApplicationKey, key)) return true;
+  const std::vector<SettingKeys> layers = Layers();
+  return std::any_of(layers.begin(), layers.end(), [&](const SettingKeys& keys) {
+    return std::any_of(keys.begin(), keys.end(),
+                       [&](const auto& entry) { return IsWithin(entry.first, key); });
+  });
+}
+
+std::optional<std::string> SettingsStore::Get(std::string_view key, std::string_view name) const {
+  key = WithoutTrailingBackslashes(key);
+  for (const SettingKeys& keys : Layers())
+    if (const std::string* value = Find(keys, key, name)) return *value;
+  return std::nullopt;
+}
+
+/// Reads, changes and writes the user's file as it is now, so that what other programs stored stays.
+template <class Change>
+bool SettingsStore::Update(Change change) {
+  if (places_.userFile.empty()) {
+    change(memory_);
+    return true;
+  }
+  const std::filesystem::path folder = std::filesystem::path(places_.userFile).parent_path();
+  std::error_code ignored;  // the write finds out
+  std::filesystem::create_directories(folder, ignored);
+  const FolderLock lock(folder);
+  const std::optional<SettingKeys> before = ReadSettingsFile(places_.userFile);
+  if (!before) return false;
+  SettingKeys after = *before;
+  change(after);
+  return after == *before || WriteSettingsFile(places_.userFile, after);
+}
+
+bool SettingsStore::CreateKey(std::string_view key) {
+  return Update([&](SettingKeys& keys) { keys.try_emplace(std::string(WithoutTrailingBackslashes(key))); });
+}
+
+bool SettingsStore::Set(std::string_view key, std::string_view name, std::string_view value) {
+  return Update([&](SettingKeys& keys) {
+    keys[std::string(WithoutTrailingBackslashes(key))][std::string(name)] = value;
+  });
+}
+
+bool SettingsStore::SetAll(std::string_view key, const SettingValues& values) {
+  return Update([&](SettingKeys& keys) { keys[std::string(WithoutTrailingBackslashes(key))] = values; });
+}
+
+}  // namespace quorvel

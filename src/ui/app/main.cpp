@@ -1,0 +1,71 @@
+#include <algorithm>
+#include <string_view>
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QStandardPaths>
+
+#include "platform/files/edit_journal.h"
+#include "platform/files/end_by_signal.h"
+#include "platform/files/state_folder.h"
+#include "ui/app/command_line.h"
+#include "ui/app/map_editor_app.h"
+#include "ui/dialogs/qt_prompts.h"
+#include "ui/frame/frame_style.h"
+#include "ui/resources/version_info.h"
+#include "ui/wizard/map_dialogs.h"
+
+namespace {
+
+/// These are answered without a display.
+bool AsksForText(int argc, char** argv) {
+  return std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
+    return argument == "--help" || argument == "-h" || argument == "--version";
+  });
+}
+
+/// Where an installed copy has its definitions; empty: not installed.
+std::string InstalledShareFolder() {
+  QString folder = QStandardPaths::locate(QStandardPaths::GenericDataLocation, QStringLiteral("quorvel"),
+                                          QStandardPaths::LocateDirectory);
+  const QDir ofPrefix(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/quorvel"));
+  if (folder.isEmpty() && ofPrefix.exists()) folder = ofPrefix.canonicalPath();
+  return QFile::encodeName(folder).toStdString();
+}
+
+int RunEditor(const quorvel::CCommandLineInfo& commandLine) {
+  using namespace quorvel;
+  QtPrompts prompts;
+  QtFeedback feedback;
+  WindowMapDialogs mapDialogs(nullptr);
+  QtToolOptions toolOptions;
+  SettingsStore settings(SettingsPlaces::FromEnvironment());
+  const SystemClock clock;
+  Services services{prompts,
+                    feedback,
+                    mapDialogs,
+                    toolOptions,
+                    settings,
+                    clock,
+                    InstalledShareFolder(),
+                    StateFolder("fills"),
+                    EditJournal::FolderFromEnvironment()};
+  EndTidilyOnSignals();
+  QtFrameHost frames;
+  CMapEditorApp application(services, {feedback, toolOptions, frames});
+  if (!application.InitInstance(commandLine)) return application.HasPrinted() ? 0 : 1;
+  return QApplication::exec();
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (argc > 1 && AsksForText(argc, argv)) return quorvel::ParseCommandLine(argc, argv).exitCode;
+  QApplication application(argc, argv);  // takes the toolkit's own options out of argv
+  QApplication::setStyle(new quorvel::FrameStyle);
+  QApplication::setApplicationName(QString::fromLatin1(quorvel::kProductName));
+  QGuiApplication::setDesktopFileName(QStringLiteral("quorvel"));
+  const quorvel::CommandLineResult parsed = quorvel::ParseCommandLine(argc, argv);
+  return parsed.isDone ? parsed.exitCode : RunEditor(parsed.info);
+}

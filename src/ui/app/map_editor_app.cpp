@@ -1,0 +1,127 @@
+#include "ui/app/map_editor_app.h"
+
+#include <QFile>
+
+#include "map/document/editing.h"
+#include "map/document/map_recovery.h"
+#include "map/document/vastrel_doc.h"
+#include "ui/app/shell_registration.h"
+#include "ui/dialogs/about_dialog.h"
+#include "ui/frame/map_frame.h"
+#include "ui/resources/command_ids.h"
+#include "ui/resources/document_strings.h"
+#include "ui/view/map_view.h"
+
+namespace quorvel {
+namespace {
+
+constexpr int kRecentFiles = 4;
+
+bool HasRecentFiles(const CMapEditorApp& application) {
+  return !application.GetRecentFiles().Paths().empty();
+}
+
+constexpr CommandRow<CMapEditorApp> kApplicationCommands[] = {
+    {ID_APP_ABOUT, [](CMapEditorApp& application) { application.OnAppAbout(); }},
+    {ID_FILE_NEW, [](CMapEditorApp& application) { application.OnFileNew(); }},
+    {ID_FILE_OPEN, [](CMapEditorApp& application) { application.OnFileOpen(); }},
+    {ID_FILE_PRINT_SETUP,
+     [](CMapEditorApp& application) { application.Printing().ChoosePage(&application.MainFrame()); }},
+    {ID_FILE_MRU_FILE1, [](CMapEditorApp& application) { application.OnOpenRecentFile(0); }, HasRecentFiles},
+    {ID_FILE_MRU_FILE1 + 1, [](CMapEditorApp& application) { application.OnOpenRecentFile(1); }},
+    {ID_FILE_MRU_FILE1 + 2, [](CMapEditorApp& application) { application.OnOpenRecentFile(2); }},
+    {ID_FILE_MRU_FILE1 + 3, [](CMapEditorApp& application) { application.OnOpenRecentFile(3); }},
+};
+
+}  // namespace
+
+CMapEditorApp::CMapEditorApp(Services& services, FrameServices frameServices)
+    : CWinApp(services.prompts, frameServices.frames, services.settings),
+      services_(services),
+      frameServices_(frameServices),
+      printing_(services.prompts, *this),
+      commands_(*this, kApplicationCommands) {}
+
+CMapEditorApp::~CMapEditorApp() {
+  frameServices_.feedback.Attach(nullptr);
+  frameServices_.toolOptions.Attach(nullptr);
+  frameServices_.frames.Detach();
+}
+
+bool CMapEditorApp::InitInstance(const CCommandLineInfo& commandLine) {
+  LoadStdProfileSettings(kRecentFiles);
+  AddDocTemplates();
+  CreateMainFrame();
+  RegisterShellFileTypes(Templates());
+  const bool prints = commandLine.m_nShellCommand >= CCommandLineInfo::FilePrint;
+  if (prints) return ProcessShellCommand(commandLine);
+  mainFrame_->show();
+  mainFrame_->activateWindow();  // a display without a window manager gives the keyboard to nobody
+  const bool isAnyBack = OfferRecovery(*this, services_);  // before a file of the command line takes its path
+  return ProcessShellCommand(commandLine) || isAnyBack;
+}
+
+void CMapEditorApp::AddDocTemplates() {
+  for (const DocumentString& row : kDocumentStrings) {
+    AddDocTemplate(std::make_unique<CMultiDocTemplateWithID>(
+        row.resourceId, row.fields, [this] { return std::make_unique<CVastrelDoc>(services_); }));
+  }
+}
+
+void CMapEditorApp::CreateMainFrame() {
+  mainFrame_ = std::make_unique<CMainFrame>(*this, frameServices_.frames, commands_);
+  frameServices_.feedback.Attach(mainFrame_.get());
+  frameServices_.toolOptions.Attach(&mainFrame_->ToolOptionsBar());
+  frameServices_.frames.Attach(*mainFrame_, *this, printing_);
+  QObject::connect(mainFrame_.get(), &CMainFrame::ActiveFrameChanged, mainFrame_.get(),
+                   [this] { ShowActiveTool(); });
+}
+
+/// Opens or prints the files. False when none of them could be opened: there is nothing to show then.
+bool CMapEditorApp::ProcessShellCommand(const CCommandLineInfo& commandLine) {
+  if (commandLine.m_nShellCommand == CCommandLineInfo::FileNothing) return true;
+  const bool prints = commandLine.m_nShellCommand != CCommandLineInfo::FileOpen;
+  bool isAnyOpen = false;
+  hasPrinted_ = prints;
+  for (const std::string& file : commandLine.m_files) {
+    CDocument* document = OpenDocumentFile(file);
+    isAnyOpen = isAnyOpen || document;
+    if (prints) hasPrinted_ = document && PrintDocument(*document, commandLine) && hasPrinted_;
+  }
+  return isAnyOpen && !prints;
+}
+
+bool CMapEditorApp::PrintDocument(CDocument& document, const CCommandLineInfo& commandLine) {
+  auto* view = dynamic_cast<CMapView*>(document.Views().empty() ? nullptr : document.Views().front());
+  return view && printing_.PrintDirect(*view, QFile::decodeName(commandLine.m_strPrinterName.c_str()));
+}
+
+/// The bar and the position pane belong to the document in front.
+void CMapEditorApp::ShowActiveTool() {
+  const CMapFrame* frame = mainFrame_->ActiveFrame();
+  CVastrelDoc* document = frame ? frame->View().Document() : nullptr;
+  if (document) {
+    frameServices_.toolOptions.ShowTool(*document);
+    ShowCellText(*document,
+                 document->m_pGrid ? PositionText(*document->m_pGrid, *document->m_pCurrentCell) : "");
+  } else {
+    frameServices_.toolOptions.ShowNothing();
+    services_.feedback.SetStatusText("");
+  }
+}
+
+void CMapEditorApp::OnAppAbout() {
+  CAboutDialog dialog(mainFrame_.get());
+  dialog.exec();
+}
+
+/// Commands that were shown disabled while the application was busy come back, and the map in front may have
+/// got its definitions meanwhile.
+void CMapEditorApp::EndBusy() {
+  CWinApp::EndBusy();
+  if (!mainFrame_ || IsBusy()) return;
+  if (mainFrame_->Actions().ShowsBusy()) mainFrame_->Actions().Refresh();
+  ShowActiveTool();
+}
+
+}  // namespace quorvel

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/documents/doc_template.h"
+
+namespace quorvel {
+
+/// Makes the document types known to the user's desktop: MIME types, their icons, and an entry that opens and
+/// prints them with this program, under the XDG data folder. Silent; files are written only when they would
+/// change.
+void RegisterShellFileTypes(const std::vector<std::unique_ptr<CMultiDocTemplateWithID>>& templates);
+
+/// "application/x-" and the type's registry file type id in small letters.
+std::string MimeTypeOf(const CMultiDocTemplateWithID& docTemplate);
+
+}  // namespace quorvel

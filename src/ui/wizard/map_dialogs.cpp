@@ -1,0 +1,76 @@
+#include "ui/wizard/map_dialogs.h"
+
+#include <QApplication>
+
+#include "ui/dialogs/version_data_dialog.h"
+#include "ui/resources/shown_text.h"
+#include "ui/wizard/cell_properties_page.h"
+#include "ui/wizard/map_properties_page.h"
+#include "ui/wizard/map_wizard.h"
+
+namespace quorvel {
+namespace {
+
+/// What the sliders range over where the definitions say nothing.
+constexpr int kSmallestSide = 1;
+constexpr int kLargestSide = 1000;
+
+void GiveSizeLimits(CWizMapProperties& page, const MapSizeLimits& limits) {
+  const int minWidth = limits.minWidth.value_or(kSmallestSide);
+  const int minHeight = limits.minHeight.value_or(kSmallestSide);
+  page.SetSizeLimits(minWidth, minHeight, limits.maxWidth.value_or(kLargestSide),
+                     limits.maxHeight.value_or(kLargestSide), limits.defaultWidth.value_or(minWidth),
+                     limits.defaultHeight.value_or(minHeight));
+}
+
+/// The page's list; empty when the page made none.
+CPropertySettingList TakeSettings(CWizCellProperties& page) {
+  const std::unique_ptr<CPropertySettingList> settings = page.SetSettingList(nullptr);
+  return settings ? std::move(*settings) : CPropertySettingList();
+}
+
+}  // namespace
+
+QWidget* WindowMapDialogs::Parent() const {
+  return parent_ ? parent_.data() : QApplication::activeWindow();
+}
+
+std::optional<int> WindowMapDialogs::ChooseDataType(std::span<const std::string_view> names, int selected) {
+  QStringList choices;
+  for (const std::string_view name : names) choices += FromResource(name);
+  CVersionDataDialog dialog(Parent());
+  dialog.SetChoices(choices, selected);
+  if (dialog.exec() != QDialog::Accepted) return std::nullopt;
+  return dialog.GetSelected();
+}
+
+std::optional<NewMapChoice> WindowMapDialogs::ChooseNewMap(const MapSizeLimits& limits,
+                                                           const ClassDef* cellClass) {
+  CWizMapProperties size;
+  CWizCellProperties global(SettingsMode::Global);
+  CWizCellProperties region(SettingsMode::Region);
+  GiveSizeLimits(size, limits);
+  global.SetCellClass(cellClass);
+  region.SetCellClass(cellClass);
+
+  CMapWizard wizard(Parent());
+  wizard.AddPage(size);
+  wizard.AddPage(global);
+  wizard.AddPage(region);
+  if (wizard.DoModal() != ID_WIZFINISH) return std::nullopt;
+  return NewMapChoice{size.GetWidth(), size.GetHeight(), TakeSettings(global), TakeSettings(region)};
+}
+
+std::optional<CPropertySettingList> WindowMapDialogs::ChooseFilter(const CPropertySettingList* current,
+                                                                   const ClassDef* cellClass) {
+  CWizCellProperties page(SettingsMode::Value);
+  if (current) page.SetSettingList(std::make_unique<CPropertySettingList>(current->Copy()));
+  page.SetCellClass(cellClass);
+
+  CMapWizard wizard(Parent());
+  wizard.AddPage(page);
+  if (wizard.DoModal() != ID_WIZFINISH) return std::nullopt;
+  return TakeSettings(page);
+}
+
+}  // namespace quorvel

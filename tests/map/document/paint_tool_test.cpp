@@ -1,0 +1,186 @@
+#include "map/document/paint_tool.h"
+
+#include <gmock/gmock.h>
+
+#include "map/document/editing.h"
+#include "map/document/vastrel_doc.h"
+#include "map/types/definitions.h"
+#include "map/types/member_editors.h"
+#include "tests/map/cell_class_fixture.h"
+#include "tests/map/scripted_services.h"
+#include "tests/platform/text_document.h"
+
+namespace quorvel {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+CMemberEdit& EditBox(const CVastrelDoc& document, const char* member) {
+  return dynamic_cast<CMemberEdit&>(*EditorOf(*Member(document, member)));
+}
+CMemberCombo& ComboBox(const CVastrelDoc& document, const char* member) {
+  return dynamic_cast<CMemberCombo&>(*EditorOf(*Member(document, member)));
+}
+
+/// A document of a 4 x 3 map with a property of every kind: Name, Wealth, Heat, Owner, Post.
+class PaintTool : public testing::Test {
+ protected:
+  PaintTool() : document(world.services) {
+    MapContents map = MapOfEveryKind(4, 3);
+    for (const auto& member : map.m_pCellClass->Members()) AttachEditor(*member);
+    document.Adopt(std::move(map));
+    document.AddView(view);
+    document.SetModifiedFlag(false);
+  }
+
+  void Choose(const char* member) {
+    const auto& members = document.m_pCellClass->Members();
+    for (int position = 0; position < static_cast<int>(members.size()); ++position)
+      if (members[position]->GetName() == member)
+        OnToolOptionsCommand(document, kToolCombo, kSelectionChanged, position);
+  }
+  void Paint(CellCoord cell, ToolPhase phase = ToolPhase::Pressed) {
+    SetCurrentCell(document, &cell);
+    view.hints.clear();
+    ApplyTool(document, phase);
+  }
+  std::vector<int> VisibleEditors() const {
+    std::vector<int> ids;
+    for (const MemberDef* member : document.m_editors)
+      if (EditorOf(*member)->IsVisible()) ids.push_back(EditorOf(*member)->GetControlId());
+    return ids;
+  }
+
+  ScriptedServices world;
+  CVastrelDoc document;
+  LoggingView view;
+};
+
+TEST_F(PaintTool, EditorsAreCreatedOnceWithTheDefaults) {
+  EXPECT_THAT(document.m_editors, IsEmpty());
+  SelectTool(document, kCellPropertyTool);
+  EXPECT_EQ(EditBox(document, "Name").GetText(), "none");
+  EXPECT_EQ(EditBox(document, "Wealth").GetText(), "5");
+  EXPECT_EQ(EditBox(document, "Heat").GetText(), "1.500000");
+  EXPECT_THAT(ComboBox(document, "Owner").GetNames(), ElementsAre("Free", "Aurelia", "Borea", "Corvus"));
+  EXPECT_EQ(ComboBox(document, "Owner").GetSelection(), 0);
+  EXPECT_THAT(ComboBox(document, "Post").GetNames(), ElementsAre("Crew"));
+  EXPECT_EQ(ComboBox(document, "Post").GetSelection(), 0);
+
+  std::vector<std::string> names;
+  for (const MemberDef* member : document.m_editors) names.push_back(member->GetName());
+  EXPECT_THAT(names, ElementsAre("Name", "Wealth", "Heat", "Owner", "Post", "Crew"));
+  EXPECT_EQ(FindEditor(document, 10001), &EditBox(document, "Name"));
+  EXPECT_EQ(FindEditor(document, 10005), &ComboBox(document, "Post"));
+  EXPECT_EQ(FindEditor(document, 10007), nullptr);
+
+  EditBox(document, "Wealth").SetText("8");
+  SelectTool(document, kPointerTool);
+  SelectTool(document, kCellPropertyTool);
+  EXPECT_EQ(EditBox(document, "Wealth").GetText(), "8");
+  EXPECT_EQ(document.m_editors.size(), 6U);
+}
+
+TEST_F(PaintTool, OnlyThePaintedMembersEditorIsVisible) {
+  SelectTool(document, kCellPropertyTool);
+  EXPECT_THAT(VisibleEditors(), ElementsAre(10001));
+  Choose("Heat");
+  EXPECT_THAT(VisibleEditors(), ElementsAre(10003));
+  EXPECT_EQ(document.m_pPaintMember, Member(document, "Heat"));
+  for (const int position : {-1, 5}) OnToolOptionsCommand(document, kToolCombo, kSelectionChanged, position);
+  OnToolOptionsCommand(document, kToolCombo + 1, kSelectionChanged, 0);
+  OnToolOptionsCommand(document, kToolCombo, kSelectionChanged + 1, 0);
+  EXPECT_THAT(VisibleEditors(), ElementsAre(10003)) << "what is not handled changes nothing";
+
+  SelectTool(document, kPointerTool);
+  SelectTool(document, kCellPropertyTool);
+  EXPECT_EQ(document.m_nPaintIndex, 2) << "the last member comes back";
+  EXPECT_THAT(VisibleEditors(), ElementsAre(10003));
+}
+
+TEST_F(PaintTool, EveryKindIsPaintedAsItConverts) {
+  struct Row {
+    const char* member;
+    const char* edited;  // a text, or the position selected
+    const char* painted;
+  };
+  constexpr Row rows[] = {{"Name", "Vega", "Vega"},        {"Name", "", ""},
+                          {"Wealth", "7x", "7"},           {"Wealth", "x7", "0"},
+                          {"Heat", " 2.5deg", "2.500000"}, {"Owner", "2", "Borea"},
+                          {"Owner", "-1", "<error>"},      {"Owner", "4", "<error>"}};
+  SelectTool(document, kCellPropertyTool);
+  for (const Row& row : rows) {
+    SCOPED_TRACE(std::string(row.member) + " " + row.edited);
+    Choose(row.member);
+    if (auto* box = dynamic_cast<CMemberEdit*>(EditorOf(*Member(document, row.member))))
+      box->SetText(row.edited);
+    else
+      ComboBox(document, row.member).SetSelection(std::stoi(row.edited));
+    document.SetModifiedFlag(false);
+    Paint({2, 1});
+    EXPECT_EQ(ValueText(document, 6, row.member), row.painted);
+    EXPECT_TRUE(document.IsModified());
+    ASSERT_EQ(view.hints.size(), 1U);
+    EXPECT_EQ(view.hints[0].code, UpdateHint::Cell);
+    EXPECT_EQ(view.hints[0].cell, (CellCoord{2, 1}));
+  }
+  EXPECT_EQ(document.m_pGrid->Count(), 1);
+}
+
+TEST_F(PaintTool, ADragPaintsEveryCellItEnters) {
+  SelectTool(document, kCellPropertyTool);
+  Choose("Wealth");
+  EditBox(document, "Wealth").SetText("9");
+  Paint({0, 0});
+  Paint({1, 0}, ToolPhase::Moved);
+  Paint({2, 0}, ToolPhase::Released);
+  Paint({}, ToolPhase::Moved);
+  std::vector<std::string> values;
+  for (int index = 0; index < 4; ++index) values.push_back(ValueText(document, index, "Wealth"));
+  EXPECT_THAT(values, ElementsAre("9", "9", "-", "-"));
+  EXPECT_EQ(ValueText(document, 0, "Heat"), "1.500000") << "a new record holds the defaults";
+}
+
+TEST_F(PaintTool, AnObjectMemberMakesTheRecordAndStoresNothing) {
+  SelectTool(document, kCellPropertyTool);
+  Choose("Post");
+  Paint({3, 2});
+  EXPECT_EQ(ValueText(document, 11, "Wealth"), "5");
+  EXPECT_THAT(view.hints, IsEmpty());
+  EXPECT_TRUE(document.IsModified());
+}
+
+TEST_F(PaintTool, NothingIsPaintedOutsideTheMap) {
+  SelectTool(document, kCellPropertyTool);
+  Paint({4, 0});
+  EXPECT_EQ(document.m_pGrid->Count(), 0);
+  EXPECT_FALSE(document.IsModified());
+}
+
+TEST(MemberEditors, ComeWithTheDefinitionsOnceForMembersThatShareAClass) {
+  DataBranch file("");
+  std::stringbuf text(
+      Lines("[Classes/Cell] type='class' [Classes/Cell/Self] type='object' range='Cell' "
+            "[Classes/Cell/Name] type='string'"));
+  file.ReadText(&text);
+  MapContents contents;
+  std::string errorText;
+  BuildTypes(file, contents, errorText);
+  ASSERT_NE(contents.m_pCellClass, nullptr);
+  const auto& members = contents.m_pCellClass->Members();
+  ASSERT_EQ(members.size(), 2U);
+  ASSERT_NE(EditorOf(*members[1]), nullptr);
+  const MemberEditor* before = EditorOf(*members[0]);
+  AttachEditor(*members[0]);
+  EXPECT_EQ(EditorOf(*members[0]), before);
+
+  int lastControl = 10000;
+  std::vector<MemberDef*> created;
+  for (const auto& member : members) CreateEditors(*member, lastControl, created);
+  EXPECT_EQ(lastControl, 10002);
+  EXPECT_THAT(created, ElementsAre(members[0].get(), members[1].get()));
+}
+
+}  // namespace
+}  // namespace quorvel

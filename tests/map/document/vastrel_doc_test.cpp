@@ -1,0 +1,237 @@
+#include "map/document/vastrel_doc.h"
+
+#include <cstring>
+#include <sstream>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "map/fill/fill_settings.h"
+#include "map/fill/map_fill.h"
+#include "map/types/definitions.h"
+#include "platform/documents/doc_template.h"
+#include "platform/settings/registry_settings.h"
+#include "tests/map/scripted_services.h"
+#include "tests/platform/temp_folder.h"
+#include "tests/platform/text_document.h"
+
+namespace quorvel {
+namespace {
+
+using testing::ElementsAre;
+
+/// An application of one document, which it does not own.
+class OneDocument : public DocumentOwner {
+ public:
+  int released = 0;
+
+  void OnPathNameSet(CDocument&) override {}
+  void ReleaseDocument(CDocument&) override { ++released; }
+  CDocument* FindOtherDocument(const CDocument&, const std::string&) override { return nullptr; }
+  void BeginBusy() override {}
+  void EndBusy() override {}
+};
+
+class VastrelDoc : public testing::Test {
+ protected:
+  VastrelDoc()
+      : product(kProductMapTemplate, "\nMap\nProduct\nProduct (*.vrl)\n.vrl\n\n", {}),
+        generic(101, "\nMap\nGeneric\nGeneric (*.gdf)\n.gdf\n\n", {}),
+        document(world.services) {
+    document.SetOwner(owner, product);
+    document.AddView(view);
+  }
+
+  /// Makes the definitions file and remembers it as the default one.
+  void GiveDefinitions(const std::string& text) {
+    CRegistrySettings registry(world.settings);
+    registry.CreateKey("", "Definitions");
+    registry.SetString("Definitions", "DefaultFile", folder.Write("defs.txt", text));
+  }
+
+  const TempFolder folder;
+  ScriptedServices world;
+  OneDocument owner;
+  const CMultiDocTemplateWithID product, generic;
+  CVastrelDoc document;
+  LoggingView view;
+};
+
+TEST_F(VastrelDoc, OpensWhatItSaved) {
+  for (const int form : {kTextForm, kBinaryForm}) {
+    document.Adopt(SampleMap(5, 4, 1));
+    document.m_nDataType = form;
+    ASSERT_TRUE(document.OnSaveDocument(folder / "map.vrl"));
+    EXPECT_EQ(folder.Read("map.vrl"), Saved(document));
+
+    CVastrelDoc again(world.services);
+    ASSERT_TRUE(again.OnOpenDocument(folder / "map.vrl"));
+    EXPECT_EQ(Saved(again), folder.Read("map.vrl"));
+    EXPECT_FALSE(again.IsModified());
+    again.OnIdle();  // has its map: no new one is made
+    EXPECT_TRUE(world.mapDialogs.limits.empty());
+  }
+  EXPECT_TRUE(world.prompts.messages.empty());
+}
+
+TEST_F(VastrelDoc, ShowsTheErrorTextOfAFileOnce) {
+  const std::string noMapClass = Lines(
+      "[Classes/Cell] type='class' [Classes/Cell/v] type='int' [Objects/Galaxy] Width=2 "
+      "Height=1 [Objects/Galaxy/Cells/1]");
+  EXPECT_TRUE(document.OnOpenDocument(folder.Write("a.gdf", noMapClass)));
+  EXPECT_EQ(document.m_pGrid->Count(), 1);
+  EXPECT_THAT(world.prompts.TakeMessages(), ElementsAre("Map file error:\n\nMap definition not found.\n"));
+
+  EXPECT_FALSE(document.OnOpenDocument(folder.Write("b.gdf", SampleClasses() + Lines("[Objects/Galaxy]"))));
+  EXPECT_THAT(world.prompts.TakeMessages(),
+              ElementsAre("Map file error:\n\nMap width 0 is below 1.\nMap height 0 is below 1.\n"));
+  EXPECT_EQ(document.m_pGrid->Count(), 1);  // a refused file leaves the document as it was
+}
+
+TEST_F(VastrelDoc, KeepsTheFileWhenAMapCannotBeSaved) {
+  folder.Write("old.vrl", "old");
+  EXPECT_FALSE(document.OnSaveDocument(folder / "old.vrl"));
+  EXPECT_THAT(world.prompts.messages, ElementsAre("Map file error:\n\nThere is no map to save.\n"));
+  EXPECT_EQ(folder.Read("old.vrl"), "old");
+  EXPECT_THAT(folder.Names(), ElementsAre("old.vrl"));
+}
+
+TEST_F(VastrelDoc, AProductMapAsksForItsFormUnderANewName) {
+  document.Adopt(SampleMap(2, 2, 1));
+  EXPECT_FALSE(document.OnFileSaveAs());  // the form dialog is cancelled
+  EXPECT_EQ(document.m_nDataType, kTextForm);
+
+  world.mapDialogs.forms = {kBinaryForm};
+  world.prompts.names = {std::nullopt};  // the file dialog is cancelled: the form stays chosen
+  EXPECT_FALSE(document.OnFileSaveAs());
+  EXPECT_EQ(document.m_nDataType, kBinaryForm);
+
+  world.mapDialogs.forms = {kBinaryForm};
+  world.prompts.names = {folder / "map.vrl"};
+  EXPECT_TRUE(document.OnFileSaveAs());
+  EXPECT_TRUE(document.OnFileSave());  // has its name now
+  EXPECT_THAT(world.mapDialogs.selectedForms, ElementsAre(kTextForm, kTextForm, kBinaryForm));
+
+  document.SetOwner(owner, generic);
+  world.prompts.names = {folder / "map.gdf"};
+  EXPECT_TRUE(document.OnFileSaveAs());
+  EXPECT_EQ(world.mapDialogs.selectedForms.size(), 3U);
+  EXPECT_EQ(folder.Read("map.gdf"), folder.Read("map.vrl"));
+}
+
+TEST_F(VastrelDoc, MakesTheNewMapOnce) {
+  GiveDefinitions(SampleClasses());
+  world.mapDialogs.newMaps.emplace_back(NewMapChoice{.width = 0, .height = 5000, .global = {}, .region = {}});
+  document.OnIdle();
+  document.OnIdle();
+  ASSERT_EQ(world.mapDialogs.limits.size(), 1U);
+  EXPECT_EQ(world.mapDialogs.limits[0].maxWidth, 1000);
+  EXPECT_EQ(world.mapDialogs.cells[0], document.m_pCellClass);
+  EXPECT_EQ(document.m_pGrid->Width(), 1);
+  EXPECT_EQ(document.m_pGrid->Height(), 1000);
+  EXPECT_TRUE(document.IsModified());
+  EXPECT_TRUE(world.prompts.messages.empty());
+}
+
+TEST_F(VastrelDoc, KeepsTheSettingsThatMakeTheMapAgain) {
+  GiveDefinitions(SampleClasses());
+  world.services.fillsFolder = folder / "fills";
+  std::string errorText;
+  DataBranch definitions({});
+  ASSERT_TRUE(document.LoadDefaultDefinitions(definitions, errorText));
+  NewMapChoice choice{.width = 9, .height = 3, .global = {}, .region = {}};
+  CPropertySetting& counts =
+      choice.global.Add(document.m_pCellClass->FindMember("Count"), CoverageControl::Slider);
+  counts.SetCoverage(33);
+  counts.AddValue().StoreText("9");
+  counts.AddValue().StoreText("-7");
+  counts.SetShare(counts.GetValues()[0].get(), 70);
+  world.mapDialogs.newMaps.emplace_back(std::move(choice));
+  ASSERT_TRUE(document.CreateNewMap(errorText));
+  ASSERT_FALSE(view.hints.empty());
+  EXPECT_EQ(view.hints.front().code, UpdateHint::All);
+  EXPECT_EQ(view.hints.back().code, UpdateHint::Cell);
+
+  DataBranch file({});
+  std::stringbuf text(folder.Read("fills/1970-01-01-000001.txt"));
+  file.ReadText(&text);
+  MapContents again;
+  BuildTypes(file, again, errorText);
+  const std::optional<FillSettings> settings = ReadFillSettings(file, again.m_pCellClass, errorText);
+  ASSERT_TRUE(settings) << errorText;
+  MakeGrid(again, *settings->width, *settings->height);
+  FillMap(again, settings->global, settings->region, *settings->seed, world.feedback, document);
+  const auto cells = [](const MapContents& map) {
+    const std::string all = Describe(map);
+    return all.substr(all.find("9 x 3"));
+  };
+  EXPECT_EQ(cells(again), cells(document));
+}
+
+TEST_F(VastrelDoc, ACancelledWizardLeavesTheEmptyMap) {
+  GiveDefinitions(SampleClasses());
+  document.OnIdle();
+  EXPECT_EQ(document.m_pGrid->Width(), 10);
+  EXPECT_EQ(document.m_pGrid->Count(), 0);
+  EXPECT_FALSE(document.IsModified());
+  EXPECT_EQ(owner.released, 0);
+}
+
+TEST_F(VastrelDoc, ClosesANewMapThatCannotBeMade) {
+  struct Row {
+    const char* title;
+    std::string definitions, errorText;
+  };
+  const Row rows[] = {
+      {"nothing in the file", "x",
+       "Classes not found.\nMap definition not found.\nCell definition not found.\n"},
+      {"a map class without a size", Lines("[Classes/Map] type='class' [Classes/Cell] type='class'"),
+       "Map width 0 is below 1.\nMap height 0 is below 1.\n"},
+      {"no cell class, but a map",
+       Lines("[Classes/Map] type='class' [Classes/Map/Width] type='int' range='1<3<5' "
+             "[Classes/Map/Height] type='float' range='1<3.9<5'"),
+       "Cell definition not found.\n"}};
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.title);
+    GiveDefinitions(row.definitions);
+    CVastrelDoc fresh(world.services);
+    fresh.SetOwner(owner, product);
+    owner.released = 0;
+    fresh.OnIdle();
+    EXPECT_THAT(world.prompts.TakeMessages(), ElementsAre("Map file error:\n\n" + row.errorText));
+    EXPECT_EQ(owner.released, 1);
+  }
+}
+
+TEST_F(VastrelDoc, SaysWhyTheDefinitionsCannotBeRead) {
+  std::string errorText;
+  DataBranch file({});
+  world.prompts.answers = {Answer::Cancel};
+  EXPECT_FALSE(document.LoadDefaultDefinitions(file, errorText));
+  EXPECT_EQ(errorText, "Definition file error:\nDefault definitions file unavailable.\n");
+
+  CRegistrySettings registry(world.settings);
+  registry.CreateKey("", "Definitions");
+  registry.SetString("Definitions", "DefaultFile", folder.Path());  // there, but no file
+  errorText.clear();
+  EXPECT_FALSE(document.LoadDefaultDefinitions(file, errorText));
+  EXPECT_EQ(errorText, "Definition file error:\n'" + folder.Path() + "'\nFile error.\nCause: Is a directory");
+}
+
+TEST_F(VastrelDoc, StoresAValueInOnePlace) {
+  document.Adopt(SampleMap(3, 3, 1));
+  view.hints.clear();
+  const CellRecord record = *CreateCell(document, {1, 2});
+  const MemberDef* count = document.m_pCellClass->FindMember("Count");
+  const std::int32_t value = 42;
+  document.StoreCellValue(record, *count, &value);
+
+  EXPECT_EQ(std::memcmp(count->GetValuePtr(record.data), &value, sizeof value), 0);
+  EXPECT_TRUE(document.IsModified());
+  ASSERT_EQ(view.hints.size(), 1U);
+  EXPECT_EQ(view.hints[0].code, UpdateHint::Cell);
+  EXPECT_EQ(view.hints[0].cell, (CellCoord{1, 2}));
+}
+
+}  // namespace
+}  // namespace quorvel

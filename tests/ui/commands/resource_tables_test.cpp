@@ -1,0 +1,124 @@
+#include <set>
+
+#include <QKeySequence>
+#include <QMenu>
+#include <QMenuBar>
+#include <QToolButton>
+
+#include "tests/ui/editor.h"
+#include "ui/frame/window_list.h"
+#include "ui/resources/accelerators.h"
+#include "ui/resources/menus.h"
+#include "ui/resources/shown_text.h"
+#include "ui/resources/string_table.h"
+#include "ui/resources/toolbar.h"
+
+namespace quorvel {
+namespace {
+
+/// Without what stands in the menu for files and windows: the table has one row for the recent files.
+QList<QAction*> ItemsOfTable(const QMenu& menu) {
+  QList<QAction*> items = menu.actions();
+  items.removeIf([](const QAction* item) {
+    const int further = item->objectName().toInt() - ID_FILE_MRU_FILE1;
+    return item->objectName() == kWindowItemName || (further > 0 && further < kRecentFileItems);
+  });
+  return items;
+}
+
+void ExpectMenu(const PopupMenu& expected, const QMenu& built) {
+  EXPECT_EQ(built.title(), FromResource(expected.text));
+  const QList<QAction*> items = ItemsOfTable(built);
+  ASSERT_EQ(items.size(), static_cast<qsizetype>(expected.items.size()));
+  for (std::size_t place = 0; place < expected.items.size(); ++place) {
+    const MenuItem& row = expected.items[place];
+    SCOPED_TRACE(row.text);
+    const QAction& item = *items[static_cast<qsizetype>(place)];
+    EXPECT_EQ(item.isSeparator(), row.command == ID_SEPARATOR);
+    if (item.isSeparator()) continue;
+    const qsizetype tab = static_cast<qsizetype>(row.text.find('\t'));
+    EXPECT_EQ(item.objectName(), QString::number(row.command));
+    if (row.command == ID_FILE_MRU_FILE1) continue;  // names the files, once there are some
+    EXPECT_EQ(item.text(), FromResource(row.text).left(tab));
+    EXPECT_EQ(item.shortcut().toString(), tab < 0 ? QString() : FromResource(row.text).mid(tab + 1));
+  }
+}
+
+TEST(ResourceTables, MenusAreBuiltAsTheyStand) {
+  Editor editor;
+  for (const MenuResource& resource : MenuResources()) {
+    SCOPED_TRACE(resource.id);
+    if (resource.id == IDR_GENERIC_DATA) editor.Open(editor.WriteMap("map.gdf", 3, 3));
+    if (resource.id == IDR_VASTREL_MAP) editor.OpenMap(3, 3);
+    const QMenuBar& bar = *editor.Frame().menuBar();
+    EXPECT_EQ(bar.objectName(), QString::number(resource.id));
+    ASSERT_EQ(bar.actions().size(), static_cast<qsizetype>(resource.popups.size()));
+    std::set<QChar> mnemonics;
+    for (std::size_t place = 0; place < resource.popups.size(); ++place) {
+      const PopupMenu& popup = resource.popups[place];
+      SCOPED_TRACE(popup.text);
+      ExpectMenu(popup, *bar.actions()[static_cast<qsizetype>(place)]->menu());
+      EXPECT_TRUE(mnemonics.insert(FromResource(popup.text)[1]).second) << "two popups under one letter";
+    }
+  }
+}
+
+TEST(ResourceTables, EveryCommandHasItsTexts) {
+  Editor editor;
+  for (const int command : editor.Frame().Actions().Commands()) {
+    SCOPED_TRACE(command);
+    if (command > ID_FILE_MRU_FILE1 && command < ID_FILE_MRU_FILE1 + kRecentFileItems) continue;
+    const QAction& action = editor.Action(command);
+    EXPECT_FALSE(FindString(command).text.empty());
+    EXPECT_EQ(action.statusTip(), FromResource(PromptOf(command)));
+    EXPECT_EQ(action.toolTip(), FromResource(TooltipOf(command)));
+    EXPECT_TRUE(action.whatsThis().endsWith(u'.')) << "no sentence: " << action.whatsThis().toStdString();
+  }
+}
+
+TEST(ResourceTables, KeysLeadToOneCommandEach) {
+  Editor editor;
+  std::set<QString> keys;
+  std::vector<Accelerator> rows(std::begin(kAccelerators), std::end(kAccelerators));
+  rows.insert(rows.end(), std::begin(kFurtherKeys), std::end(kFurtherKeys));
+  for (const Accelerator& row : rows) {
+    SCOPED_TRACE(row.key);
+    EXPECT_TRUE(keys.insert(row.key).second) << "the key has two commands";
+    const QKeySequence key(QLatin1String(row.key), QKeySequence::PortableText);
+    EXPECT_EQ(key.count(), 1);
+    EXPECT_TRUE(editor.Action(row.command).shortcuts().contains(key));
+  }
+}
+
+TEST(ResourceTables, ToolbarButtonsStandInOrderWithIconsAndNames) {
+  Editor editor;
+  const auto* toolbar = editor.Frame().findChild<QToolBar*>(QString::number(AFX_IDW_TOOLBAR));
+  ASSERT_TRUE(toolbar);
+  const QList<QAction*> actions = toolbar->actions();
+  ASSERT_EQ(static_cast<std::size_t>(actions.size()), std::size(kToolbarButtons));
+  for (qsizetype place = 0; place < actions.size(); ++place) {
+    const int command = kToolbarButtons[place];
+    SCOPED_TRACE(command);
+    EXPECT_EQ(actions[place]->isSeparator(), command == ID_SEPARATOR);
+    if (command == ID_SEPARATOR) continue;
+    EXPECT_FALSE(actions[place]->icon().pixmap(16, 16).isNull());
+    EXPECT_EQ(toolbar->widgetForAction(actions[place])->accessibleName(), FromResource(TooltipOf(command)));
+  }
+}
+
+TEST(ResourceTables, WhatNothingHandlesIsDisabled) {
+  constexpr int kUnhandled[] = {ID_EDIT_UNDO, ID_EDIT_CUT,      ID_EDIT_COPY,    ID_EDIT_PASTE,
+                                ID_WIZARD,    ID_SELECT_REGION, ID_FILL_SELECTED};
+  constexpr int kNeedAMap[] = {ID_FILE_CLOSE,      ID_FILE_SAVE,     ID_FILE_SAVE_AS, ID_FILE_PRINT,
+                               ID_EDIT_SELECT_ALL, ID_EDIT_DESELECT, ID_ZOOM_IN,      ID_ZOOM_OUT,
+                               ID_TOOL_POINTER,    ID_WINDOW_NEW,    ID_GO_TO_CELL};
+  Editor editor;
+  for (const int command : kUnhandled) EXPECT_FALSE(editor.Action(command).isEnabled()) << command;
+  for (const int command : kNeedAMap) EXPECT_FALSE(editor.Action(command).isEnabled()) << command;
+  ASSERT_TRUE(editor.OpenMap(4, 3));
+  for (const int command : kUnhandled) EXPECT_FALSE(editor.Action(command).isEnabled()) << command;
+  for (const int command : kNeedAMap) EXPECT_TRUE(editor.Action(command).isEnabled()) << command;
+}
+
+}  // namespace
+}  // namespace quorvel

@@ -1,0 +1,278 @@
+// Editing by hand: tools, property editors, filter, the form of a saved map.
+
+#include "map/document/editing.h"
+
+#include <QListWidget>
+
+#include "map/document/paint_tool.h"
+#include "map/fill/map_filter.h"
+#include "map/types/data_type.h"
+#include "map/types/member_editors.h"
+#include "tests/map/cell_class_fixture.h"
+#include "tests/ui/editor.h"
+#include "tests/ui/modal_script.h"
+#include "tests/ui/wizard/cell_page_run.h"
+
+namespace quorvel {
+namespace {
+
+enum MemberPosition { kName, kValue, kOwner, kHeat, kPost };
+
+/// An empty map of 5 x 8 cells with a member of every kind.
+constexpr char kEveryKind[] = R"([Classes/Map]
+type="class"
+[Classes/Empire]
+type="items"
+0="Free"
+1="Aurelia"
+[Classes/Outpost]
+type="class"
+[Classes/Outpost/Crew]
+type="int"
+[Classes/Cell]
+type="class"
+[Classes/Cell/n]
+type="string"
+range="Sol"
+[Classes/Cell/v]
+type="int"
+[Classes/Cell/owner]
+type="index"
+range="Empire"
+[Classes/Cell/heat]
+type="float"
+[Classes/Cell/post]
+type="object"
+range="Outpost"
+[Objects/Galaxy]
+Width=5
+Height=8
+)";
+
+/// Takes the tool that paints and chooses a member in the bar, by keys.
+void PaintWith(Editor& editor, int member) {
+  editor.Run(ID_TOOL_CELL_PROPERTY);
+  QComboBox& combo = editor.Frame().ToolOptionsBar().MemberCombo();
+  PressKey(combo, Qt::Key_Home);
+  PressKey(combo, Qt::Key_Down, member);
+}
+
+/// The property editor that the bar shows; the test fails unless it is the only one.
+QWidget& Box(Editor& editor) {
+  CToolOptionsBar& bar = editor.Frame().ToolOptionsBar();
+  QList<QWidget*> shown;
+  for (QWidget* control : bar.Controls().findChildren<QWidget*>(QString(), Qt::FindDirectChildrenOnly)) {
+    if (control->isVisible() && control != &bar.MemberCombo()) shown << control;
+  }
+  EXPECT_EQ(shown.size(), 1);
+  return *shown.at(0);
+}
+
+void Replace(QWidget& box, const char* text) {
+  dynamic_cast<QLineEdit&>(box).selectAll();
+  QTest::keyClicks(&box, text);
+}
+
+TEST(Editing, EveryKindIsPaintedAlongADragAndSaved) {
+  struct Row {
+    int member;
+    const char* name;
+    const char* typed;  ///< null: a name is chosen with the key Down
+    const char* painted;
+    const char* trouble = "";  ///< what the box says of the typed text
+  };
+  // An object member stores nothing; a cell has no text for it.
+  constexpr Row rows[] = {{kName, "n", "Vega", "Vega"},
+                          {kValue, "v", "42", "42"},
+                          {kValue, "v", "12abc", "12", "No number: taken for 12"},
+                          {kValue, "v", "1,000", "1", "No number: taken for 1"},
+                          {kHeat, "heat", "2.5", "2.500000"},
+                          {kHeat, "heat", "warm", "0.000000", "No number: taken for 0"},
+                          {kOwner, "owner", nullptr, "Aurelia"},
+                          {kPost, "post", nullptr, "<error>"}};
+  Editor editor;
+  CVastrelDoc& document = *editor.Open(editor.folder.Write("map.vrl", WithCrLf(kEveryKind)));
+  editor.View().SetCellSize(50);
+  int line = 0;
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.painted);
+    PaintWith(editor, row.member);
+    QWidget& box = Box(editor);
+    EXPECT_EQ(box.geometry().left(), editor.Frame().ToolOptionsBar().MemberCombo().geometry().right() + 3);
+    if (row.typed) {
+      Replace(box, row.typed);
+    } else {
+      PressKey(box, Qt::Key_Down);
+    }
+    EXPECT_EQ(box.toolTip(), row.trouble);
+    EXPECT_TRUE(box.accessibleDescription().startsWith(row.name));
+    EXPECT_TRUE(box.accessibleDescription().endsWith(*row.trouble ? row.trouble : row.name));
+
+    document.SetModifiedFlag(false);
+    editor.PressAt(editor.Middle({0, line}));
+    for (const int column : {1, 2}) editor.MovePointer(editor.Middle({column, line}));
+    editor.Release(editor.Middle({2, line}));
+    editor.MovePointer(editor.Middle({3, line}));
+    EXPECT_TRUE(document.IsModified());
+    ++line;
+  }
+  editor.Run(ID_FILE_SAVE);
+  EXPECT_FALSE(document.IsModified());
+
+  std::filesystem::copy_file(editor.folder / "map.vrl", editor.folder / "copy.vrl");
+  const CVastrelDoc& saved = *editor.Open(editor.folder / "copy.vrl");
+  line = 0;
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.painted);
+    for (const int column : {0, 1, 2}) EXPECT_EQ(ValueText(saved, 5 * line + column, row.name), row.painted);
+    EXPECT_EQ(ValueText(saved, 5 * line + 3, row.name), "-") << "the button was up";
+    ++line;
+  }
+}
+
+TEST(Editing, AFocusedEditBoxHasItsKeys) {
+  Editor editor;
+  const CVastrelDoc& document = *editor.OpenMap(4, 3);
+  editor.Frame().activateWindow();
+  QTest::keyClick(&editor.View(), Qt::Key_Minus);
+  ASSERT_EQ(editor.View().CellSize(), 90) << "the keys are alive";
+  const MemberDef* fill = editor.View().Look().fillMember;
+
+  PaintWith(editor, kName);
+  auto& box = dynamic_cast<QLineEdit&>(Box(editor));
+  editor.View().setFocus();
+  editor.Run(ID_PREV_PANE);
+  QTest::keyClick(editor.Frame().focusWidget(), Qt::Key_Tab);
+  ASSERT_TRUE(box.hasFocus()) << "the key Tab leads from the member to its value";
+  box.clear();
+  QTest::keyClicks(&box, "a+-=[]{}");
+  EXPECT_EQ(box.text(), "a+-=[]{}");
+  struct Row {
+    Qt::Key key;
+    const char* text;
+  };
+  constexpr Row rows[] = {{Qt::Key_A, "a+-=[]{}"},
+                          {Qt::Key_C, "a+-=[]{}"},
+                          {Qt::Key_X, ""},
+                          {Qt::Key_V, "a+-=[]{}"},
+                          {Qt::Key_Z, ""}};
+  for (const Row& row : rows) {
+    QTest::keyClick(&box, row.key, Qt::ControlModifier);
+    EXPECT_EQ(box.text(), row.text) << "Ctrl+" << static_cast<char>(row.key);
+  }
+  EXPECT_EQ(editor.View().CellSize(), 90);
+  EXPECT_EQ(editor.View().Look().fillMember, fill);
+  EXPECT_EQ(IsMarked(document, {0, 0}), 0) << "Ctrl+A was the box's";
+}
+
+TEST(Editing, TheBarHoldsTheEditorsOfTheMapInFront) {
+  Editor editor;
+  const CVastrelDoc& first = *editor.Open(editor.WriteMap("a.vrl", 3, 3));
+  PaintWith(editor, kName);
+  Replace(Box(editor), "First");
+  const QPointer<QWidget> firstBox = &Box(editor);
+  const CVastrelDoc& second = *editor.Open(editor.WriteMap("b.vrl", 3, 3));
+  PaintWith(editor, kName);
+  EXPECT_EQ(dynamic_cast<QLineEdit&>(Box(editor)).text(), "Sol");
+  EXPECT_EQ(Box(editor).objectName(), "10001");
+  Replace(Box(editor), "Second");
+  PaintWith(editor, kOwner);
+  EXPECT_EQ(Box(editor).objectName(), "10003");
+
+  const auto textOf = [](const CVastrelDoc& document) {
+    return dynamic_cast<const CMemberEdit&>(*FindEditor(document, 10001)).GetText();
+  };
+  EXPECT_EQ(textOf(first), "First");
+  EXPECT_EQ(textOf(second), "Second");
+  editor.Run(ID_FILE_CLOSE);
+  EXPECT_EQ(dynamic_cast<QLineEdit&>(Box(editor)).text(), "First");
+  editor.Run(ID_FILE_CLOSE);
+  EXPECT_FALSE(firstBox);
+  EXPECT_FALSE(editor.Frame().ToolOptionsBar().findChild<QLineEdit*>());
+  EXPECT_EQ(editor.Frame().ToolOptionsBar().MemberCombo().count(), 0);
+}
+
+TEST(Editing, TheFilterFadesWhatFailsIt) {
+  Editor editor(Answers::InWindows);
+  const CVastrelDoc& document = *editor.OpenMap(4, 3);
+  editor.MovePointer({-9, -9});
+  editor.Settle();
+  const auto looks = [&](CellCoord cell) {
+    QRect middle(0, 0, 60, 60);
+    middle.moveCenter(editor.Middle(cell));
+    return editor.View().viewport()->grab(middle).toImage();
+  };
+  const QImage free = looks({0, 0}), taken = looks({1, 0});
+  const auto addAurelia = [](QDialog& wizard) {
+    CellPageDriver page(wizard);
+    page.Choose(kOwner);
+    page.Add();
+    page.DoubleClickValue(0);
+    page.ChooseName(1);
+  };
+  const auto filter = [&](ModalSteps steps, int end) {
+    WhenModal([=](QDialog& wizard) {
+      steps(wizard);
+      Press(wizard, end);
+    });
+    editor.Run(ID_VIEW_FILTER);
+  };
+
+  filter(addAurelia, IDCANCEL);
+  EXPECT_FALSE(document.m_pFilter);
+  filter(addAurelia, ID_WIZFINISH);
+  ASSERT_TRUE(document.m_pFilter);
+  EXPECT_NE(looks({0, 0}), free);
+  EXPECT_EQ(looks({1, 0}), taken);
+  EXPECT_FALSE(editor.View().Look().filter(*document.m_pGrid->Find(0))) << "printing looks the same way";
+  EXPECT_TRUE(editor.View().Look().filter(*document.m_pGrid->Find(1)));
+
+  const auto removeValue = [](QDialog& wizard) {
+    CellPageDriver page(wizard);
+    page.Choose(kOwner);
+    page.ClickValue(0);
+    Press(page.page, IDC_REMOVE_VALUES);
+  };
+  filter(removeValue, IDCANCEL);
+  EXPECT_NE(looks({0, 0}), free) << "the page had a copy";
+  const auto unselect = [](QDialog& wizard) {
+    CellPageDriver page(wizard);
+    page.Choose(kOwner);
+    EXPECT_EQ(page.Text(0, 0), "Aurelia");
+    QTest::mouseClick(&page.SelectButton(), Qt::LeftButton);
+  };
+  filter(unselect, ID_WIZFINISH);
+  EXPECT_EQ(looks({0, 0}), free);
+  EXPECT_FALSE(document.IsModified());
+}
+
+TEST(Editing, SaveAsAsksForTheFormOfAProductMapOnly) {
+  for (const bool isProduct : {true, false}) {
+    const std::string name = isProduct ? "map.vrl" : "map.gdf";
+    SCOPED_TRACE(name);
+    Editor editor(Answers::InWindows);
+    const CVastrelDoc& document = *editor.Open(editor.WriteMap(name, 3, 3));
+    std::vector<ModalSteps> script;
+    if (isProduct) {
+      script.emplace_back([](QDialog& dialog) {
+        EXPECT_EQ(dialog.windowTitle(), "Version Data");
+        auto* forms = FindControl<QListWidget>(dialog, IDC_DATA_TYPE);
+        ASSERT_TRUE(forms);
+        EXPECT_EQ(forms->accessibleName(), "Data Type");
+        EXPECT_EQ(forms->currentRow(), kTextForm);
+        PressKey(*forms, Qt::Key_Down);
+        Press(dialog, IDOK);
+      });
+    }
+    script.emplace_back([&](QDialog& dialog) { NameFile(dialog, editor.folder / ("new-" + name)); });
+    WhenModals(script);
+    editor.Run(ID_FILE_SAVE_AS);
+    EXPECT_EQ(document.m_nDataType, isProduct ? kBinaryForm : kTextForm);
+    EXPECT_EQ(document.GetTitle(), "new-" + name);
+    const std::string saved = editor.folder.Read("new-" + name);
+    EXPECT_NE(saved.find(isProduct ? "type=\"binary\"" : "type=\"text\""), saved.npos);
+  }
+}
+
+}  // namespace
+}  // namespace quorvel

@@ -1,0 +1,477 @@
+// Journeys through the real windows: maps are opened, looked at, marked, saved and closed.
+
+#include <QLabel>
+#include <QLineEdit>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QNativeGestureEvent>
+#include <QScrollBar>
+#include <fmt/format.h>
+
+#include "map/document/editing.h"
+#include "tests/ui/editor.h"
+#include "tests/ui/modal_script.h"
+
+namespace quorvel {
+namespace {
+
+TEST(MapWindow, StartsEmptyAndOpensWhatTheCommandLineNames) {
+  TempFolder folder;
+  Editor empty;
+  EXPECT_TRUE(empty.started);
+  EXPECT_TRUE(empty.app.Documents().empty());
+  EXPECT_EQ(empty.Frame().windowTitle(), "Quorvel Vastrelum");
+
+  const std::string path = empty.WriteMap("galaxy.vrl", 4, 3);
+  CCommandLineInfo open{CCommandLineInfo::FileOpen, {path}, {}};
+  Editor editor(open);
+  EXPECT_TRUE(editor.started);
+  editor.Settle();
+  ASSERT_TRUE(editor.Frame().ActiveFrame());
+  EXPECT_TRUE(editor.Frame().ActiveFrame()->isMaximized());
+  EXPECT_EQ(editor.Frame().menuBar()->objectName(), "102");
+  EXPECT_TRUE(editor.Frame().windowTitle().contains("galaxy.vrl"))
+      << editor.Frame().windowTitle().toStdString();
+  EXPECT_TRUE(editor.View().hasFocus() || !editor.Frame().isActiveWindow());
+
+  CCommandLineInfo missing{CCommandLineInfo::FileOpen, {folder / "none.vrl"}, {}};
+  Editor refused(missing);
+  EXPECT_FALSE(refused.started);
+  EXPECT_EQ(refused.prompts.messages.size(), 1U);
+}
+
+TEST(MapWindow, GenericFilesHaveTheirOwnMenuAndAnOpenFileIsActivated) {
+  Editor editor;
+  const std::string first = editor.WriteMap("one.gdf", 4, 3);
+  CVastrelDoc* document = editor.Open(first);
+  EXPECT_EQ(editor.Frame().menuBar()->objectName(), "101");
+  editor.Open(editor.WriteMap("two.vrl", 4, 3));
+  EXPECT_EQ(editor.Frame().menuBar()->objectName(), "102");
+  editor.MovePointer(editor.Middle({2, 1}));
+  EXPECT_EQ(editor.Pane(ID_INDICATOR_POSITION), "6(2:1)");
+  EXPECT_EQ(editor.Open(first), document);
+  EXPECT_EQ(editor.Pane(ID_INDICATOR_POSITION), "") << "the other map's position";
+  EXPECT_EQ(editor.app.Documents().size(), 2U);
+  EXPECT_EQ(editor.View().Document(), document);
+}
+
+TEST(MapWindow, ZoomsInStepsAndKeepsTheScrollPosition) {
+  Editor editor;
+  ASSERT_TRUE(editor.OpenMap(100, 80));
+  CMapView& view = editor.View();
+  EXPECT_EQ(view.CellSize(), 100);
+  editor.Run(ID_ZOOM_IN);
+  EXPECT_EQ(view.CellSize(), 100) << "the largest size";
+  view.ScrollToPosition({860, 500});
+  for (int press = 0; press < 10; ++press) QTest::keyClick(&view, Qt::Key_Minus);
+  EXPECT_EQ(view.CellSize(), 10) << "the tenth press changes nothing";
+  QTest::keyClick(&view, Qt::Key_Equal);
+  EXPECT_EQ(view.CellSize(), 20);
+  QTest::keyClick(&view, Qt::Key_Plus);
+  EXPECT_EQ(view.CellSize(), 30);
+
+  // Clamped to what there is to scroll at 10 pixels, where the map is 802 x 805 pixels.
+  EXPECT_EQ(view.ScrollPosition().x(), std::max(0, 802 - view.viewport()->width()));
+}
+
+TEST(MapWindow, ArrowKeysScrollByColumnsAndRows) {
+  struct Row {
+    Qt::Key key;
+    QPoint from, to;
+  };
+  constexpr Row rows[] = {{Qt::Key_Right, {0, 0}, {86, 0}},   {Qt::Key_Down, {0, 0}, {0, 100}},
+                          {Qt::Key_Left, {100, 7}, {14, 7}},  {Qt::Key_Left, {14, 7}, {0, 7}},
+                          {Qt::Key_Up, {30, 250}, {30, 150}}, {Qt::Key_Up, {0, 0}, {0, 0}},
+                          {Qt::Key_A, {40, 40}, {40, 40}}};
+  Editor editor;
+  ASSERT_TRUE(editor.OpenMap(100, 80));
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.key);
+    editor.View().ScrollToPosition(row.from);
+    QTest::keyClick(&editor.View(), row.key);
+    EXPECT_EQ(editor.View().ScrollPosition(), row.to);
+  }
+}
+
+void TurnWheel(CMapView& view, QPoint place, QPoint angleDelta, Qt::KeyboardModifiers held) {
+  QWheelEvent event(place, view.viewport()->mapToGlobal(place), {}, angleDelta, Qt::NoButton, held,
+                    Qt::NoScrollPhase, false);
+  QApplication::sendEvent(view.viewport(), &event);
+}
+
+TEST(MapWindow, TheWheelScrollsAndWithControlZooms) {
+  struct Row {
+    const char* what;
+    QPoint angle;
+    Qt::KeyboardModifiers held;
+    float cellSizePx;
+    QPoint moved;
+  };
+  const Row rows[] = {{"three rows a notch", {0, -120}, Qt::NoModifier, 100, {0, 300}},
+                      {"sideways", {-120, 0}, Qt::NoModifier, 100, {258, 0}},
+                      {"sideways by Shift", {0, -120}, Qt::ShiftModifier, 100, {258, 0}},
+                      {"turned by the system already", {-120, 0}, Qt::ShiftModifier, 100, {258, 0}},
+                      {"the largest cells", {0, 120}, Qt::ControlModifier, 100, {0, 0}},
+                      {"half a step", {0, -60}, Qt::ControlModifier, 100, {0, 0}}};
+  Editor editor;
+  ASSERT_TRUE(editor.OpenMap(100, 80));
+  CMapView& view = editor.View();
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.what);
+    view.ScrollToPosition({860, 1000});
+    TurnWheel(view, {200, 150}, row.angle, row.held);
+    EXPECT_EQ(view.CellSize(), row.cellSizePx);
+    EXPECT_EQ(view.ScrollPosition() - QPoint(860, 1000), row.moved);
+  }
+  TurnWheel(view, {200, 150}, {0, -60}, Qt::ControlModifier);
+  EXPECT_EQ(view.CellSize(), 90) << "the other half";
+}
+
+TEST(MapWindow, ZoomingByWheelAndPinchKeepsTheCellUnderThePointer) {
+  Editor editor;
+  const CVastrelDoc& document = *editor.OpenMap(100, 80);
+  CMapView& view = editor.View();
+  const auto pinch = [&view](QPoint place, double share) {
+    QNativeGestureEvent event(Qt::ZoomNativeGesture, QPointingDevice::primaryPointingDevice(), 2, place,
+                              place, view.viewport()->mapToGlobal(place), share, QPointF());
+    QApplication::sendEvent(view.viewport(), &event);
+  };
+  view.ScrollToPosition({4000, 4000});
+  const QPoint place(300, 200);
+  editor.MovePointer(place);
+  const CellCoord cell = *document.m_pCurrentCell;
+  for (const int step : {-1, -1, -1, -1, -1, 1, 1, 1, -1}) {
+    TurnWheel(view, place, {0, 120 * step}, Qt::ControlModifier);
+    EXPECT_EQ(*document.m_pCurrentCell, cell) << "wheel, at " << view.CellSize();
+  }
+  EXPECT_EQ(view.CellSize(), 70);
+  pinch(place, -0.5);
+  EXPECT_EQ(view.CellSize(), 40) << "35, in whole steps";
+  pinch(place, 0.5);
+  EXPECT_EQ(view.CellSize(), 50) << "52.5";
+  EXPECT_EQ(*document.m_pCurrentCell, cell) << "pinch";
+  editor.MovePointer(place);
+  EXPECT_EQ(*document.m_pCurrentCell, cell) << "the cell is really there";
+}
+
+TEST(MapWindow, TwoFingersOnATouchScreenZoom) {
+  Editor editor;
+  ASSERT_TRUE(editor.OpenMap(100, 80));
+  static QPointingDevice* const screen = QTest::createTouchDevice();  // lives as long as the program
+  QWidget& viewport = *editor.View().viewport();
+  QTest::touchEvent(&viewport, screen).press(0, {100, 200}).press(1, {500, 200});
+  for (int inward = 10; inward <= 100; inward += 10)
+    QTest::touchEvent(&viewport, screen).move(0, {100 + inward, 200}).move(1, {500 - inward, 200});
+  QTest::touchEvent(&viewport, screen).release(0, {200, 200}).release(1, {400, 200});
+  EXPECT_EQ(editor.View().CellSize(), 50);
+}
+
+TEST(MapWindow, TheMiddleButtonDragsTheMap) {
+  Editor editor;
+  const CVastrelDoc& document = *editor.OpenMap(100, 80);
+  CMapView& view = editor.View();
+  view.ScrollToPosition({1000, 1000});
+  QTest::mousePress(view.viewport(), Qt::MiddleButton, {}, {300, 200});
+  editor.MovePointer({250, 230});
+  EXPECT_EQ(view.ScrollPosition(), QPoint(1050, 970));
+  editor.MovePointer({290, 200});
+  EXPECT_EQ(view.ScrollPosition(), QPoint(1010, 1000));
+  QTest::mouseRelease(view.viewport(), Qt::MiddleButton, {}, {290, 200});
+  editor.MovePointer({100, 100});
+  EXPECT_EQ(view.ScrollPosition(), QPoint(1010, 1000));
+  for (int index = 0; index < 8000; ++index) ASSERT_EQ(document.m_pCellMarks[index], 0) << index;
+}
+
+TEST(MapWindow, ThePointerFindsItsCell) {
+  Editor editor;
+  const CVastrelDoc* document = editor.OpenMap(10, 8);
+  editor.MovePointer(editor.Middle({2, 1}));
+  EXPECT_EQ(editor.Pane(ID_INDICATOR_POSITION), "12(2:1)");
+  EXPECT_EQ(*document->m_pCurrentCell, (CellCoord{2, 1}));
+  editor.MovePointer(editor.Middle({0, 0}));
+  EXPECT_EQ(editor.Pane(ID_INDICATOR_POSITION), "0(0:0)");
+  editor.MovePointer({-50, -50});
+  EXPECT_EQ(editor.Pane(ID_INDICATOR_POSITION), "") << "off the map";
+  EXPECT_EQ(*document->m_pCurrentCell, CellCoord{});
+}
+
+TEST(MapWindow, BracketsChooseTheColouringMember) {
+  struct Row {
+    const char* keys;
+    const char* shown;
+    const char* why;
+  };
+  constexpr Row rows[] = {{"]", "star", "from the first index member to the next"},
+                          {"]", "owner", "round the end"},
+                          {"[", "star", "backwards round the start"},
+                          {"}", "star", "the outline has a member of its own"},
+                          {"{", "owner", "and back"}};
+  Editor editor;
+  ASSERT_TRUE(editor.OpenMap(4, 3));
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.why);
+    QTest::keyClicks(&editor.View(), row.keys);
+    EXPECT_EQ(editor.Pane(ID_INDICATOR_POSITION), row.shown);
+  }
+  EXPECT_EQ(editor.View().Look().fillMember->GetName(), "star");
+  EXPECT_EQ(editor.View().Look().outlineMember->GetName(), "owner");
+}
+
+TEST(MapWindow, DraggingMarksEveryCellEntered) {
+  Editor editor;
+  const CVastrelDoc& document = *editor.OpenMap(10, 8);
+  editor.PressAt(editor.Middle({1, 1}));
+  for (const CellCoord cell : {CellCoord{2, 1}, {3, 1}, {3, 2}}) editor.MovePointer(editor.Middle(cell));
+  editor.MovePointer({-20, -20});
+  editor.Release({-20, -20});
+  editor.MovePointer(editor.Middle({5, 5}));
+  for (const CellCoord cell : {CellCoord{1, 1}, {2, 1}, {3, 1}, {3, 2}})
+    EXPECT_EQ(IsMarked(document, cell), 1);
+  EXPECT_EQ(IsMarked(document, {5, 5}), 0) << "the button is up";
+  EXPECT_FALSE(document.IsModified()) << "marks are no change of the map";
+
+  editor.PressAt(editor.Middle({3, 2}));
+  editor.MovePointer(editor.Middle({3, 1}));
+  editor.Release(editor.Middle({3, 1}));
+  EXPECT_EQ(IsMarked(document, {3, 2}), 0) << "a drag that starts on a marked cell unmarks";
+  EXPECT_EQ(IsMarked(document, {3, 1}), 0);
+  EXPECT_EQ(IsMarked(document, {2, 1}), 1);
+
+  const QPoint twice = editor.Middle({3, 1});
+  editor.PressAt(twice);
+  editor.Release(twice);
+  QMouseEvent again(QEvent::MouseButtonDblClick, twice, twice, Qt::LeftButton, Qt::LeftButton, {});
+  QApplication::sendEvent(editor.View().viewport(), &again);
+  editor.Release(twice);
+  EXPECT_EQ(IsMarked(document, {3, 1}), 0) << "a quick second press counts, too";
+
+  editor.Run(ID_EDIT_SELECT_ALL);
+  for (int index = 0; index < 80; ++index) ASSERT_EQ(document.m_pCellMarks[index], 1) << index;
+  editor.Run(ID_EDIT_DESELECT);
+  for (int index = 0; index < 80; ++index) ASSERT_EQ(document.m_pCellMarks[index], 0) << index;
+}
+
+TEST(MapWindow, CellsAreReachedAndMarkedByKeysAlone) {
+  struct Row {
+    const char* what;
+    Qt::Key key;
+    CellCoord cell;
+  };
+  constexpr Row rows[] = {{"up", Qt::Key_Up, {4, 3}},
+                          {"along the row", Qt::Key_Right, {5, 3}},
+                          {"to the lower right", Qt::Key_PageDown, {6, 4}},
+                          {"to the upper left, back", Qt::Key_Home, {5, 3}},
+                          {"back along the row", Qt::Key_Left, {4, 3}},
+                          {"down", Qt::Key_Down, {4, 4}}};
+  Editor editor;
+  const CVastrelDoc& document = *editor.OpenMap(100, 80);
+  CMapView& view = editor.View();
+  editor.MovePointer(editor.Middle({4, 4}));
+  QTest::keyPress(&view, Qt::Key_Space);
+  for (const Row& row : rows) {
+    SCOPED_TRACE(row.what);
+    QTest::keyClick(&view, row.key, Qt::AltModifier);
+    EXPECT_EQ(*document.m_pCurrentCell, row.cell);
+    EXPECT_EQ(IsMarked(document, row.cell), 1) << "the space bar is down";
+  }
+  EXPECT_EQ(view.ScrollPosition(), QPoint(0, 0)) << "all of them were in sight";
+  QTest::keyRelease(&view, Qt::Key_Space);
+  QTest::keyClick(&view, Qt::Key_Left, Qt::AltModifier);
+  EXPECT_EQ(IsMarked(document, {3, 4}), 0);
+  QTest::keyClick(&view, Qt::Key_Space);
+  EXPECT_EQ(IsMarked(document, {3, 4}), 1);
+  QTest::keyClick(&view, Qt::Key_Space);
+  EXPECT_EQ(IsMarked(document, {3, 4}), 0);
+}
+
+TEST(MapWindow, AKeysCellStaysUntilThePointerMovesOrTheUserScrolls) {
+  Editor editor;
+  const CVastrelDoc& document = *editor.OpenMap(100, 80);
+  CMapView& view = editor.View();
+  const auto goFar = [&] {
+    view.GoToCell({60, 50});
+    QTest::keyClick(&view, Qt::Key_Right, Qt::AltModifier);
+    ASSERT_EQ(*document.m_pCurrentCell, (CellCoord{61, 50})) << "the map was scrolled under the pointer";
+    EXPECT_TRUE(view.viewport()->rect().contains(editor.Middle({61, 50})));
+    EXPECT_EQ(editor.Pane(ID_INDICATOR_POSITION), "5061(61:50)");
+  };
+  const std::pair<const char*, std::function<void()>> moves[] = {
+      {"the pointer",
+       [&] {
+         editor.MovePointer({300, 300});
+       }},
+      {"a zoom", [&] { editor.Run(ID_ZOOM_OUT); }},
+      {"an arrow key", [&] { QTest::keyClick(&view, Qt::Key_Up); }},
+      {"the wheel",
+       [&] {
+         TurnWheel(view, {300, 300}, {0, 120}, Qt::NoModifier);
+       }},
+  };
+  for (const auto& [what, move] : moves) {
+    SCOPED_TRACE(what);
+    goFar();
+    move();
+    EXPECT_NE(*document.m_pCurrentCell, (CellCoord{61, 50}));
+  }
+  goFar();
+  QMouseEvent still(QEvent::MouseMove, QPoint(5, 5), QCursor::pos(), Qt::NoButton, Qt::NoButton, {});
+  QApplication::sendEvent(view.viewport(), &still);
+  EXPECT_EQ(*document.m_pCurrentCell, (CellCoord{61, 50})) << "the pointer rests";
+  QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, editor.Middle({60, 50}));
+  EXPECT_EQ(IsMarked(document, {60, 50}), 1) << "a press is the pointer's";
+  EXPECT_EQ(IsMarked(document, {61, 50}), 0);
+
+  view.GoToCell({0, 0});
+  editor.MovePointer({-20, -20});
+  QTest::keyClick(&view, Qt::Key_Down, Qt::AltModifier);
+  const QPoint offMiddle = editor.Middle(*document.m_pCurrentCell) - view.viewport()->rect().center();
+  EXPECT_LT(offMiddle.manhattanLength(), 100) << "off the map the cells begin in the middle of the view";
+}
+
+TEST(MapWindow, GoesToTheCellThatTheUserTypes) {
+  Editor editor;
+  const CVastrelDoc& document = *editor.OpenMap(100, 80);
+  CMapView& view = editor.View();
+  editor.MovePointer(editor.Middle({4, 4}));
+  const auto type = [](QDialog& dialog, const char* text) {
+    auto* place = dialog.findChild<QLineEdit*>();
+    QTest::keyClicks(place, text);
+    QTest::keyClick(place, Qt::Key_Return);
+  };
+  WhenModal([&type](QDialog& dialog) {
+    EXPECT_EQ(dialog.findChild<QLineEdit*>()->text(), "4:4");
+    type(dialog, "100:0");
+    EXPECT_TRUE(dialog.isVisible()) << "beside the map";
+    EXPECT_TRUE(dialog.findChildren<QLabel*>().first()->text().startsWith("There is no cell \"100:0\"."));
+    type(dialog, "61:50");
+  });
+  QTest::keyClick(&view, Qt::Key_G, Qt::ControlModifier);
+  EXPECT_EQ(*document.m_pCurrentCell, (CellCoord{61, 50}));
+  EXPECT_TRUE(view.viewport()->rect().contains(editor.Middle({61, 50})));
+
+  WhenModal([&type](QDialog& dialog) { type(dialog, "203"); });
+  auto* pane = editor.Frame().StatusBar().findChild<QLabel*>(QString::number(ID_INDICATOR_POSITION));
+  QTest::mouseClick(pane, Qt::LeftButton);
+  EXPECT_EQ(pane->text(), "203(3:2)");
+  WhenModal([](QDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+  editor.Run(ID_GO_TO_CELL);
+  EXPECT_EQ(*document.m_pCurrentCell, (CellCoord{3, 2}));
+}
+
+TEST(MapWindow, TwoViewsShowOneDocument) {
+  Editor editor;
+  CVastrelDoc& document = *editor.OpenMap(6, 5);
+  CMapView& first = editor.View();
+  editor.Run(ID_WINDOW_NEW);
+  CMapView& second = editor.View();
+  ASSERT_NE(&first, &second);
+  EXPECT_EQ(first.parentWidget()->windowTitle(), "map.vrl:1[*]");
+  EXPECT_EQ(second.parentWidget()->windowTitle(), "map.vrl:2[*]");
+  editor.Run(ID_WINDOW_TILE_HORZ);
+
+  const QImage before = first.viewport()->grab().toImage();
+  editor.PressAt(editor.Middle({1, 1}));
+  editor.Release(editor.Middle({1, 1}));
+  editor.MovePointer({-5, -5});
+  editor.Settle();
+  const QImage after = first.viewport()->grab().toImage();
+  EXPECT_NE(before, after) << "a mark made in one view shows in the other";
+
+  second.parentWidget()->close();
+  editor.Settle();
+  EXPECT_EQ(document.Views().size(), 1U);
+  EXPECT_EQ(first.parentWidget()->windowTitle(), "map.vrl[*]");
+  EXPECT_EQ(editor.app.Documents().size(), 1U);
+}
+
+TEST(MapWindow, ClosingAsksAboutChanges) {
+  struct Row {
+    Answer answer;
+    bool closes;
+    bool saves;
+  };
+  constexpr Row rows[] = {
+      {Answer::Cancel, false, false}, {Answer::Discard, true, false}, {Answer::Save, true, true}};
+  for (const Row& row : rows) {
+    SCOPED_TRACE(static_cast<int>(row.answer));
+    Editor editor;
+    CVastrelDoc* document = editor.OpenMap(4, 3);
+    const std::string before = editor.folder.Read("map.vrl");
+    document->SetModifiedFlag();
+    EXPECT_TRUE(editor.Frame().ActiveFrame()->isWindowModified());
+    editor.prompts.answers = {row.answer};
+    editor.Run(ID_FILE_CLOSE);
+    EXPECT_EQ(editor.prompts.messages, std::vector<std::string>{"Save changes to map.vrl?"});
+    EXPECT_EQ(editor.app.Documents().empty(), row.closes);
+    EXPECT_EQ(editor.Frame().MdiArea().subWindowList().isEmpty(), row.closes);
+    EXPECT_EQ(editor.folder.Read("map.vrl") != before, row.saves);
+    EXPECT_EQ(editor.Frame().menuBar()->objectName(), row.closes ? "100" : "102");
+  }
+}
+
+TEST(MapWindow, LeavingAsksAboutEveryChangedMap) {
+  Editor editor;
+  editor.Open(editor.WriteMap("a.vrl", 3, 3))->SetModifiedFlag();
+  editor.Open(editor.WriteMap("b.vrl", 3, 3))->SetModifiedFlag();
+  editor.prompts.answers = {Answer::Discard, Answer::Cancel};
+  EXPECT_FALSE(editor.Frame().close());
+  EXPECT_EQ(editor.app.Documents().size(), 2U) << "nothing is closed when the user cancels";
+  editor.prompts.answers = {Answer::Discard, Answer::Discard};
+  EXPECT_TRUE(editor.Frame().close());
+  editor.Settle();
+  EXPECT_TRUE(editor.app.Documents().empty());
+}
+
+TEST(MapWindow, SaveAsTakesTheNewNameAndRecentFilesFollow) {
+  Editor editor;
+  ASSERT_TRUE(editor.OpenMap(4, 3));
+  editor.prompts.names = {editor.folder / "second.vrl"};
+  editor.Run(ID_FILE_SAVE_AS);
+  EXPECT_EQ(editor.Frame().ActiveFrame()->windowTitle(), "second.vrl[*]");
+  const QAction& newest = editor.Action(ID_FILE_MRU_FILE1);
+  EXPECT_TRUE(newest.text().startsWith("&1 ") && newest.text().endsWith("second.vrl"))
+      << newest.text().toStdString();
+  EXPECT_TRUE(editor.Action(ID_FILE_MRU_FILE1 + 1).text().endsWith("map.vrl"));
+  const auto isListed = [&editor](int place) {
+    const auto* file = editor.Frame().findChild<QMenu*>("102/0");
+    return file->actions().contains(&editor.Action(ID_FILE_MRU_FILE1 + place));
+  };
+  EXPECT_TRUE(isListed(1));
+  EXPECT_FALSE(isListed(2));
+
+  std::filesystem::remove(editor.folder / "map.vrl");
+  editor.Run(ID_FILE_MRU_FILE1 + 1);
+  EXPECT_EQ(editor.prompts.messages.size(), 1U) << "the file has gone";
+  EXPECT_FALSE(isListed(1));
+}
+
+TEST(MapWindow, FilesDroppedOnTheFrameAreOpened) {
+  Editor editor;
+  QMimeData files;
+  files.setUrls({QUrl::fromLocalFile(QString::fromStdString(editor.WriteMap("a.vrl", 3, 3))),
+                 QUrl::fromLocalFile(QString::fromStdString(editor.WriteMap("b.gdf", 3, 3)))});
+  QDragEnterEvent enter(QPoint(10, 10), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&editor.Frame(), &enter);
+  EXPECT_TRUE(enter.isAccepted());
+  QDropEvent drop(QPointF(10, 10), Qt::CopyAction, &files, Qt::LeftButton, Qt::NoModifier);
+  QApplication::sendEvent(&editor.Frame(), &drop);
+  EXPECT_EQ(editor.app.Documents().size(), 2U);
+}
+
+TEST(MapWindow, NewMapsStartFromTheDefinitions) {
+  Editor editor;
+  const std::string definitions = std::string(QUORVEL_SOURCE_DIR) + "/share/Definitions.txt";
+  editor.settings.Set(std::string(kApplicationKey) + "\\Definitions", "DefaultFile", definitions);
+  editor.prompts.types = {1};
+  editor.Run(ID_FILE_NEW);
+  EXPECT_EQ(editor.prompts.typeLists.at(0),
+            (std::vector<std::string>{"Map (generic format)", "Orvantis Vastrel Map"}));
+  ASSERT_EQ(editor.app.Documents().size(), 1U);
+  EXPECT_TRUE(editor.View().Document()->m_pGrid);
+  EXPECT_EQ(editor.Frame().ActiveFrame()->windowTitle(), "Map1[*]");
+}
+
+}  // namespace
+}  // namespace quorvel

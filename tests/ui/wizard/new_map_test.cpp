@@ -1,0 +1,246 @@
+// New maps through the windows: type, definitions, wizard, fill.
+
+#include <QListWidget>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QSlider>
+
+#include "map/document/editing.h"
+#include "platform/settings/registry_settings.h"
+#include "tests/ui/editor.h"
+#include "tests/ui/modal_script.h"
+#include "tests/ui/wizard/cell_page_run.h"
+
+namespace quorvel {
+namespace {
+
+constexpr char kDefinitions[] = R"([Classes/Terrain]
+type="index"
+0="Rock"
+1="Ice"
+2="Gas"
+[Classes/Map]
+type="class"
+[Classes/Map/Width]
+type="int"
+range="1<5<1000"
+[Classes/Map/Height]
+type="int"
+range="1<6<1000"
+[Classes/Cell]
+type="class"
+[Classes/Cell/Ground]
+type="index"
+range="Terrain"
+[Classes/Cell/Count]
+type="int"
+range="0<7<99"
+)";
+
+/// What the journey below enters, as the batch tool is told it.
+constexpr char kSettings[] = R"([Fill]
+Width=12
+Height=9
+Seed=4711
+[Fill/Global/0]
+member="Ground"
+coverage=80
+[Fill/Global/0/Values/0]
+value=0
+share=60
+[Fill/Global/0/Values/1]
+value=2
+share=40
+[Fill/Region/0]
+member="Count"
+[Fill/Region/0/Values/0]
+value=21
+x=20
+y=60
+[Fill/Region/0/Values/1]
+value=7
+x=50
+y=50
+)";
+
+void ChooseProductMap(QDialog& dialog) {
+  auto* types = FindControl<QListWidget>(dialog, IDC_NEW_TYPES);
+  ASSERT_TRUE(types) << dialog.windowTitle().toStdString();
+  PressKey(*types, Qt::Key_Down);
+  Press(dialog, IDOK);
+}
+
+void EnterSize(QDialog& wizard, int right, int down) {
+  PressKey(*FindControl<QSlider>(wizard, IDC_WIDTH_SLIDER), Qt::Key_Right, right);
+  PressKey(*FindControl<QSlider>(wizard, IDC_HEIGHT_SLIDER), Qt::Key_Right, down);
+}
+
+void EnterGlobalSettings(CellPageDriver page) {
+  PressKey(page.Coverage(), Qt::Key_PageDown);
+  page.Add(2);
+  PressKey(*page.ShownShares()[1], Qt::Key_PageUp, 2);
+  PressKey(page.Values(), Qt::Key_Down, 2);
+  PressKey(page.Values(), Qt::Key_F2);
+  page.ChooseName(2);
+}
+
+void EnterRegionSettings(CellPageDriver page) {
+  page.Choose(1);
+  page.Add(2);
+  PressKey(page.Picker(), Qt::Key_Left, 3, Qt::ShiftModifier);
+  PressKey(page.Picker(), Qt::Key_Down, 10);
+  PressKey(page.Values(), Qt::Key_F2);
+  ASSERT_TRUE(page.Editor());
+  QTest::keyClicks(page.Editor(), "21");
+  PressKey(*page.Editor(), Qt::Key_Return);
+}
+
+void Finish(QDialog& wizard) {
+  while (FindControl<QAbstractButton>(wizard, ID_WIZNEXT)->isVisible()) Press(wizard, ID_WIZNEXT);
+  Press(wizard, ID_WIZFINISH);
+}
+
+void RunWizard(QDialog& wizard) {
+  EnterSize(wizard, 7, 3);
+  Press(wizard, ID_WIZNEXT);
+  EnterGlobalSettings(CellPageDriver(wizard));
+  Press(wizard, ID_WIZNEXT);
+  EnterRegionSettings(CellPageDriver(wizard));
+  Finish(wizard);
+}
+
+std::string OnlyFileIn(const std::string& folder) {
+  const std::filesystem::directory_iterator files(folder);
+  EXPECT_EQ(std::distance(begin(files), end(files)), 1);
+  return std::filesystem::directory_iterator(folder)->path();
+}
+
+TEST(NewMap, TheBatchToolMakesTheSameMapFromTheKeptSettings) {
+  Editor editor(Answers::InWindows);
+  editor.GiveDefinitions(kDefinitions);
+  WhenModals({ChooseProductMap, RunWizard});
+  editor.Run(ID_FILE_NEW);
+  CVastrelDoc& document = *editor.View().Document();
+  ASSERT_TRUE(document.m_pGrid);
+  EXPECT_TRUE(document.IsModified());
+  ASSERT_TRUE(document.OnSaveDocument(editor.folder / "made.vrl"));
+
+  const std::string settings = editor.folder.Write("settings.txt", WithCrLf(kSettings));
+  const std::vector<std::string> rows[] = {
+      {"new", "--settings", OnlyFileIn(editor.folder / "fills"), editor.folder / "again.vrl"},
+      {"new", "--definitions", editor.folder / "Definitions.txt", "--settings", settings,
+       editor.folder / "again.vrl"}};
+  for (const auto& arguments : rows) {
+    SCOPED_TRACE(arguments[1]);
+    const ToolRun run = RunMapTool(arguments);
+    EXPECT_EQ(run.code, 0) << run.err;
+    EXPECT_EQ(editor.folder.Read("again.vrl"), editor.folder.Read("made.vrl"));
+  }
+}
+
+TEST(NewMap, ACancelledWizardLeavesTheEmptyMap) {
+  Editor editor(Answers::InWindows);
+  editor.GiveDefinitions(kDefinitions);
+  WhenModals({ChooseProductMap, [](QDialog& wizard) {
+                EnterSize(wizard, 7, 3);
+                Press(wizard, IDCANCEL);
+              }});
+  editor.Run(ID_FILE_NEW);
+  const CVastrelDoc& document = *editor.View().Document();
+  ASSERT_TRUE(document.m_pGrid);
+  EXPECT_EQ(document.m_pGrid->Width(), 5);
+  EXPECT_EQ(document.m_pGrid->Height(), 6);
+  EXPECT_EQ(document.m_pGrid->Count(), 0);
+  EXPECT_FALSE(document.IsModified());
+  EXPECT_EQ(editor.Frame().ToolOptionsBar().MemberCombo().count(), 2) << "the bar knows the new members";
+}
+
+TEST(NewMap, AsksWhereTheDefinitionsAreOnce) {
+  Editor editor(Answers::InWindows);
+  const std::string file = editor.folder.Write("mine.txt", WithCrLf(kDefinitions));
+  const auto cancel = [](QDialog& wizard) { Press(wizard, IDCANCEL); };
+  WhenModals({ChooseProductMap,
+              [](QDialog& dialog) {
+                const auto* box = qobject_cast<QMessageBox*>(&dialog);
+                ASSERT_TRUE(box);
+                EXPECT_EQ(box->text(),
+                          "The default definitions file was not found.\nPlease locate the file.");
+                EXPECT_EQ(box->icon(), QMessageBox::NoIcon);
+                box->button(QMessageBox::Ok)->click();
+              },
+              [&](QDialog& dialog) {
+                EXPECT_EQ(dialog.windowTitle(), "Locate default definitions file");
+                NameFile(dialog, file);
+              },
+              cancel});
+  editor.Run(ID_FILE_NEW);
+  ASSERT_TRUE(editor.View().Document()->m_pGrid);
+  std::string remembered;
+  CRegistrySettings(editor.settings).GetString("Definitions", "DefaultFile", remembered, "");
+  EXPECT_EQ(remembered, file);
+
+  WhenModals({ChooseProductMap, cancel});
+  editor.Run(ID_FILE_NEW);
+  EXPECT_EQ(editor.app.Documents().size(), 2U);
+}
+
+/// Counts the paint events of a widget.
+class PaintCount : public QObject {
+ public:
+  explicit PaintCount(QWidget& widget) { widget.installEventFilter(this); }
+  int count = 0;
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    count += event->type() == QEvent::Paint;
+    return false;
+  }
+};
+
+TEST(NewMap, TheWindowLivesWhileTheMapIsFilled) {
+  Editor editor(Answers::InWindows);
+  std::string large = kDefinitions;
+  for (const char* side : {"<5<", "<6<"}) large.replace(large.find(side), 3, "<400<");
+  editor.GiveDefinitions(large);
+  WhenModals({ChooseProductMap, [](QDialog& wizard) {
+                Press(wizard, ID_WIZNEXT);
+                CellPageDriver(wizard).Add();
+                Finish(wizard);
+              }});
+
+  int looks = 0;
+  std::unique_ptr<PaintCount> paints;
+  QTimer whileFilling;
+  QObject::connect(&whileFilling, &QTimer::timeout, [&] {
+    if (QApplication::activeModalWidget() || !editor.app.IsBusy()) return;
+    if (!paints) paints = std::make_unique<PaintCount>(*editor.View().viewport());
+    if (!editor.Pane(ID_SEPARATOR).startsWith("Filling Map (cell ") || ++looks != 3) return;
+    EXPECT_TRUE(editor.Frame().findChild<QProgressBar*>()->isVisible());
+    for (const int command :
+         {ID_FILE_NEW, ID_FILE_OPEN, ID_FILE_SAVE, ID_FILE_SAVE_AS, ID_FILE_CLOSE, ID_FILE_PRINT,
+          ID_FILE_PRINT_PREVIEW, ID_VIEW_FILTER, ID_EDIT_SELECT_ALL, ID_TOOL_CELL_PROPERTY, ID_APP_EXIT})
+      EXPECT_FALSE(editor.Action(command).isEnabled()) << command;
+    EXPECT_FALSE(editor.Frame().close());
+    EXPECT_FALSE(editor.Frame().ActiveFrame()->close());
+    editor.Action(ID_ZOOM_OUT).trigger();
+    EXPECT_EQ(editor.View().CellSize(), 90);
+    editor.PressAt(editor.Middle({2, 1}));
+    editor.Release(editor.Middle({2, 1}));
+    EXPECT_EQ(editor.Pane(ID_INDICATOR_POSITION), "402(2:1)");
+  });
+  whileFilling.start(1);
+  editor.Run(ID_FILE_NEW);
+  EXPECT_GT(looks, 3);
+  ASSERT_TRUE(paints);
+  EXPECT_GT(paints->count, 0);
+
+  const CVastrelDoc& document = *editor.View().Document();
+  EXPECT_EQ(document.m_pGrid->Count(), 400 * 400);
+  EXPECT_EQ(IsMarked(document, {2, 1}), 0) << "edits were refused";
+  EXPECT_EQ(editor.Pane(ID_SEPARATOR), "");
+  EXPECT_FALSE(editor.Frame().findChild<QProgressBar*>()->isVisible());
+  EXPECT_TRUE(editor.Action(ID_FILE_SAVE).isEnabled());
+}
+
+}  // namespace
+}  // namespace quorvel
