@@ -21,12 +21,25 @@ bool HasRecentFiles(const CMapEditorApp& application) {
   return !application.GetRecentFiles().Paths().empty();
 }
 
+bool HasActiveView(const CMapEditorApp& application) {
+  return application.ActiveView();
+}
+
+void Print(CMapEditorApp& application) {
+  application.Printing().Print(*application.ActiveView());
+}
+
 constexpr CommandRow<CMapEditorApp> kApplicationCommands[] = {
     {ID_APP_ABOUT, [](CMapEditorApp& application) { application.OnAppAbout(); }},
     {ID_FILE_NEW, [](CMapEditorApp& application) { application.OnFileNew(); }},
     {ID_FILE_OPEN, [](CMapEditorApp& application) { application.OnFileOpen(); }},
     {ID_FILE_PRINT_SETUP,
      [](CMapEditorApp& application) { application.Printing().ChoosePage(&application.MainFrame()); }},
+    {ID_FILE_PRINT, Print, HasActiveView},
+    {ID_FILE_PRINT_DIRECT, Print, HasActiveView},
+    {ID_FILE_PRINT_PREVIEW,
+     [](CMapEditorApp& application) { application.Printing().Preview(*application.ActiveView()); },
+     HasActiveView},
     {ID_FILE_MRU_FILE1, [](CMapEditorApp& application) { application.OnOpenRecentFile(0); }, HasRecentFiles},
     {ID_FILE_MRU_FILE1 + 1, [](CMapEditorApp& application) { application.OnOpenRecentFile(1); }},
     {ID_FILE_MRU_FILE1 + 2, [](CMapEditorApp& application) { application.OnOpenRecentFile(2); }},
@@ -72,7 +85,7 @@ void CMapEditorApp::CreateMainFrame() {
   mainFrame_ = std::make_unique<CMainFrame>(*this, frameServices_.frames, commands_);
   frameServices_.feedback.Attach(mainFrame_.get());
   frameServices_.toolOptions.Attach(&mainFrame_->ToolOptionsBar());
-  frameServices_.frames.Attach(*mainFrame_, *this, printing_);
+  frameServices_.frames.Attach(*mainFrame_, *this);
   QObject::connect(mainFrame_.get(), &CMainFrame::ActiveFrameChanged, mainFrame_.get(),
                    [this] { ShowActiveTool(); });
 }
@@ -94,6 +107,11 @@ bool CMapEditorApp::ProcessShellCommand(const CCommandLineInfo& commandLine) {
 bool CMapEditorApp::PrintDocument(CDocument& document, const CCommandLineInfo& commandLine) {
   auto* view = dynamic_cast<CMapView*>(document.Views().empty() ? nullptr : document.Views().front());
   return view && printing_.PrintDirect(*view, QFile::decodeName(commandLine.m_strPrinterName.c_str()));
+}
+
+CMapView* CMapEditorApp::ActiveView() const {
+  const CMapFrame* frame = mainFrame_ ? mainFrame_->ActiveFrame() : nullptr;
+  return frame && frame->View().GetDocument() ? &frame->View() : nullptr;
 }
 
 /// The bar and the position pane belong to the document in front.

@@ -34,6 +34,8 @@ class CMapEditorApp : public CWinApp {
 
   CMainFrame& MainFrame() { return *mainFrame_; }
   MapPrinting& Printing() { return printing_; }
+  /// The view in front; null when no map is open.
+  CMapView* ActiveView() const;
   /// Whether a print verb of the command line was carried out, after InitInstance.
   bool HasPrinted() const { return hasPrinted_; }
 

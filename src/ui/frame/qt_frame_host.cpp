@@ -11,10 +11,9 @@
 
 namespace quorvel {
 
-void QtFrameHost::Attach(CMainFrame& mainFrame, CWinApp& application, MapPrinting& printing) {
+void QtFrameHost::Attach(CMainFrame& mainFrame, CWinApp& application) {
   mainFrame_ = &mainFrame;
   application_ = &application;
-  printing_ = &printing;
   connect(&mainFrame, &CMainFrame::Unblocked, this, [this] {
     if (isIdleRequested_) QMetaObject::invokeMethod(this, &QtFrameHost::Idle, Qt::QueuedConnection);
   });
@@ -27,7 +26,7 @@ void QtFrameHost::Detach() {
 
 void QtFrameHost::OpenFrame(CDocument& document) {
   if (!mainFrame_) return;
-  auto* view = new CMapView(*application_, *printing_);
+  auto* view = new CMapView(*application_);
   document.AddView(*view);
   auto* frame = new CMapFrame(view, *application_);
   mainFrame_->MdiArea().addSubWindow(frame);

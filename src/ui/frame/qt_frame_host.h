@@ -11,14 +11,13 @@ namespace quorvel {
 class CMainFrame;
 class CMapFrame;
 class CWinApp;
-class MapPrinting;
 
 /// Gives documents their map frames in the main frame's area, and the application its idle passes.
 class QtFrameHost final : public QObject, public FrameHost {
   Q_OBJECT
  public:
   /// All outlive the map frames. Before this, nothing is opened.
-  void Attach(CMainFrame& mainFrame, CWinApp& application, MapPrinting& printing);
+  void Attach(CMainFrame& mainFrame, CWinApp& application);
 
   /// The main frame and the application are about to go.
   void Detach();
@@ -36,7 +35,6 @@ class QtFrameHost final : public QObject, public FrameHost {
 
   CMainFrame* mainFrame_ = nullptr;
   CWinApp* application_ = nullptr;
-  MapPrinting* printing_ = nullptr;
   bool isIdleRequested_ = false;
 };
 

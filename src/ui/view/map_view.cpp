@@ -18,7 +18,6 @@
 #include "render/pixel_scale.h"
 #include "ui/dialogs/go_to_cell_dialog.h"
 #include "ui/drawings/tool_cursors.h"
-#include "ui/printing/map_printing.h"
 #include "ui/resources/command_ids.h"
 #include "ui/view/map_accessible.h"
 
@@ -36,15 +35,11 @@ constexpr CommandRow<CMapView> kViewCommands[] = {
     {ID_ZOOM_OUT, [](CMapView& view) { view.OnZoomOut(); }},
     {ID_GO_TO_CELL, [](CMapView& view) { view.OnGoToCell(); },
      [](const CMapView& view) { return view.HasGrid(); }},
-    {ID_FILE_PRINT, [](CMapView& view) { view.OnFilePrint(); }},
-    {ID_FILE_PRINT_DIRECT, [](CMapView& view) { view.OnFilePrint(); }},
-    {ID_FILE_PRINT_PREVIEW, [](CMapView& view) { view.OnFilePrintPreview(); }},
 };
 
 }  // namespace
 
-CMapView::CMapView(const CWinApp& application, MapPrinting& printing)
-    : application_(application), printing_(printing), commands_(*this, kViewCommands) {
+CMapView::CMapView(const CWinApp& application) : application_(application), commands_(*this, kViewCommands) {
   InstallMapAccessible();
   setAccessibleName(tr("Map view"));
   viewport()->setAccessibleName(tr("Map"));
@@ -162,14 +157,6 @@ void CMapView::OnGoToCell() {
   if (!HasGrid()) return;
   GoToCellDialog question(*Document()->m_pGrid, *Document()->m_pCurrentCell, window());
   if (question.exec() == QDialog::Accepted) GoToCell(question.Cell());
-}
-
-void CMapView::OnFilePrint() {
-  printing_.Print(*this);
-}
-
-void CMapView::OnFilePrintPreview() {
-  printing_.Preview(*this);
 }
 
 QPoint CMapView::ScrollPosition() const {

@@ -21,7 +21,6 @@ namespace quorvel {
 
 class CVastrelDoc;
 class CWinApp;
-class MapPrinting;
 
 /// A map as a field of hexagons in a scrolling window. Follows the pointer from cell to cell and turns
 /// presses and drags into tool actions of the document; everything that changes the map happens there.
@@ -30,8 +29,8 @@ class MapPrinting;
 class CMapView : public QAbstractScrollArea, public CView {
   Q_OBJECT
  public:
-  /// Both outlive the view. While the application is busy the pointer is followed, but tools do nothing.
-  CMapView(const CWinApp& application, MapPrinting& printing);
+  /// The application outlives the view. While it is busy the pointer is followed, but tools do nothing.
+  explicit CMapView(const CWinApp& application);
   ~CMapView() override;
 
   CVastrelDoc* Document() const;
@@ -54,8 +53,6 @@ class CMapView : public QAbstractScrollArea, public CView {
   void ZoomAt(QPoint pointer, int steps);
   /// Asks for the cell.
   void OnGoToCell();
-  void OnFilePrint();
-  void OnFilePrintPreview();
 
   /// Takes the cell under the pointer, wherever the pointer is, as the document's current cell.
   void UpdateCurrentCell();
@@ -73,7 +70,7 @@ class CMapView : public QAbstractScrollArea, public CView {
   /// Shows the cursor of the document's tool over the map.
   void ShowToolCursor();
 
-  /// What the view shows and how, for its own picture and for printing.
+  /// What the view shows and how, for its own picture and for paper.
   MapLook Look();
 
  signals:
@@ -127,7 +124,6 @@ class CMapView : public QAbstractScrollArea, public CView {
   std::string m_strFillMember;
 
   const CWinApp& application_;
-  MapPrinting& printing_;
   CommandMap<CMapView> commands_;
   MapPicture picture_;
   bool isLookStale_ = true;
