@@ -1,6 +1,7 @@
 // The rooms' arrows run one way. Linking alone proves nothing, since a header can come along through a third
 // library, so this reads the include lines themselves.
 
+#include <algorithm>
 #include <filesystem>
 #include <fstream>
 #include <map>
@@ -25,6 +26,29 @@ const std::map<std::string, std::set<std::string>> kMayInclude = {
     {"ui", {"data", "platform", "map", "render", "ui"}},
     {"cli", {"data", "platform", "map", "render", "cli"}},
 };
+/// Within a room: the sub-rooms that the files of each may include beside their own.
+const std::map<std::string, std::set<std::string>> kSubRooms = {
+    {"platform/files", {}},
+    {"platform/settings", {"files"}},
+    {"platform/documents", {"files", "settings"}},
+
+    {"map/grid", {}},
+    {"map/types", {"grid"}},
+    {"map/file", {"grid", "types"}},
+    {"map/fill", {"grid", "types"}},
+    {"map/check", {"grid", "types", "file"}},
+    {"map/document", {"grid", "types", "file", "fill"}},
+
+    {"ui/resources", {}},
+    {"ui/drawings", {"resources"}},
+    {"ui/commands", {"resources", "drawings"}},
+    {"ui/dialogs", {"resources", "drawings"}},
+    {"ui/wizard", {"resources", "dialogs"}},
+    {"ui/view", {"resources", "drawings", "commands", "dialogs"}},
+    {"ui/printing", {"resources", "commands", "dialogs", "view"}},
+    {"ui/frame", {"resources", "drawings", "commands", "dialogs", "view"}},
+    {"ui/app", {"resources", "drawings", "commands", "dialogs", "wizard", "view", "printing", "frame"}},
+};
 const std::set<std::string> kRoomsWithoutQt = {"data", "platform", "map"};
 
 struct Include {
@@ -34,8 +58,7 @@ struct Include {
 
 /// The header that the line includes, if it does.
 std::optional<Include> ParseInclude(const std::string& file, std::string_view line) {
-  constexpr std::string_view kWord = "#include ";
-  if (!line.starts_with(kWord) || line.size() < kWord.size() + 2) return std::nullopt;
+  constexpr std::string_view kWord = "#include ";  if (!line.starts_with(kWord) || line.size() < kWord.size() + 2) return std::nullopt;
   const std::string_view quoted = line.substr(kWord.size());
   const std::size_t end = quoted.find_first_of("\">", 1);
   return Include{file, std::string(quoted.substr(1, end - 1)), quoted.front() == '"'};
@@ -87,6 +110,61 @@ TEST(Rooms, AreAllKnownAndEachHasAReadme) {
   }
   for (const auto& [room, allowed] : kMayInclude) EXPECT_EQ(rooms.count(room), 1U) << room;
   EXPECT_EQ(rooms.size(), kMayInclude.size());
+}
+
+/// "map/grid" of "map/grid/hex_grid.h", "data" of "data/slot.h".
+std::string FolderOf(std::string_view path) {
+  const std::size_t slash = path.rfind('/');
+  return std::string(slash == std::string_view::npos ? std::string_view() : path.substr(0, slash));
+}
+
+std::string RoomOf(const std::string& folder) {
+  return folder.substr(0, folder.find('/'));
+}
+
+TEST(SubRooms, AreAllKnownAndEachHasAReadmeAndItsTestsAtTheSamePlace) {
+  const fs::path root(QUORVEL_SOURCE_DIR);
+  std::set<std::string> withCode;
+  for (const char* tree : {"src", "tests"}) {
+    for (const auto& entry : fs::recursive_directory_iterator(root / tree)) {
+      if (entry.path().extension() != ".h" && entry.path().extension() != ".cpp") continue;
+      const std::string folder = fs::relative(entry.path().parent_path(), root / tree);
+      EXPECT_TRUE(folder == RoomOf(folder) || kSubRooms.contains(folder)) << entry.path();
+      if (std::string_view(tree) == "src") withCode.insert(folder);
+    }
+  }
+  for (const auto& [subRoom, allowed] : kSubRooms) {
+    EXPECT_TRUE(withCode.contains(subRoom)) << subRoom;
+    EXPECT_FALSE(withCode.contains(RoomOf(subRoom)))
+        << "src/" << RoomOf(subRoom) << " has code beside its sub-rooms";
+    EXPECT_TRUE(fs::exists(root / "src" / subRoom / "README.md")) << subRoom;
+  }
+}
+
+TEST(SubRooms, NameOnlyThoseOfTheTable) {
+  const fs::path source = fs::path(QUORVEL_SOURCE_DIR) / "src";
+  for (const auto& [subRoom, allowed] : kSubRooms) {
+    for (const Include& include : IncludesBelow(source / subRoom)) {
+      const std::string named = FolderOf(include.header);
+      if (!include.own || named == subRoom || RoomOf(named) != RoomOf(subRoom)) continue;
+      EXPECT_TRUE(allowed.contains(named.substr(named.find('/') + 1)))
+          << include.file << " includes \"" << include.header << '"';
+    }
+  }
+}
+
+TEST(SubRooms, HaveNoCircle) {
+  std::set<std::string> reached;
+  for (std::size_t before = reached.size() + 1; before != reached.size();) {
+    before = reached.size();
+    for (const auto& [subRoom, allowed] : kSubRooms) {
+      const std::string room = RoomOf(subRoom);
+      if (std::ranges::all_of(allowed,
+                              [&](const auto& named) { return reached.contains(room + '/' + named); }))
+        reached.insert(subRoom);
+    }
+  }
+  EXPECT_EQ(reached.size(), kSubRooms.size()) << "some sub-rooms can be reached from themselves";
 }
 
 }  // namespace
