@@ -8,6 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "places.h"
 #include "tests/platform/child_process.h"
 
 namespace quorvel {

@@ -58,7 +58,9 @@ struct Include {
 
 /// The header that the line includes, if it does.
 std::optional<Include> ParseInclude(const std::string& file, std::string_view line) {
-  constexpr std::string_view kWord = "#include ";  if (!line.starts_with(kWord) || line.size() < kWord.size() + 2) return std::nullopt;
+  constexpr std::string_view kWord = "#include ";
+#include "places.h"
+  if (!line.starts_with(kWord) || line.size() < kWord.size() + 2) return std::nullopt;
   const std::string_view quoted = line.substr(kWord.size());
   const std::size_t end = quoted.find_first_of("\">", 1);
   return Include{file, std::string(quoted.substr(1, end - 1)), quoted.front() == '"'};

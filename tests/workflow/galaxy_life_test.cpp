@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "places.h"
 #include "tests/cli/tool_run.h"
 
 namespace quorvel {

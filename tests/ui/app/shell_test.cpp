@@ -7,6 +7,7 @@
 #include <QTextBrowser>
 #include <QTimer>
 
+#include "places.h"
 #include "tests/ui/editor.h"
 #include "ui/app/shell_registration.h"
 #include "ui/dialogs/about_dialog.h"

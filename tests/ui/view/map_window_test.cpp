@@ -11,6 +11,7 @@
 #include <fmt/format.h>
 
 #include "map/document/editing.h"
+#include "places.h"
 #include "tests/ui/editor.h"
 #include "tests/ui/modal_script.h"
 
