@@ -9,7 +9,8 @@ namespace {
 
 using testing::HasSubstr;
 
-const char* const kSettings[] = {"scattered-stars.txt", "rival-empires.txt", "whole-galaxy.txt"};
+const char* const kSettings[] = {"cradle.txt", "scattered-stars.txt", "rival-empires.txt", "whole-galaxy.txt",
+                                 "spiral.txt"};
 
 std::string SettingsPath(const std::string& name) {
   return QUORVEL_SOURCE_DIR "/share/settings/" + name;
