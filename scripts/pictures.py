@@ -28,33 +28,31 @@ def take(window, path):
     path.write_bytes(last[-1])
 
 
-def zoom(editor, steps):
-    editor.await_keyboard_in_map()
-    editor.keys(*["minus"] * steps)
-    return Map(editor, 100 - 10 * steps)
+def cell(column, row):
+    """A cell of the cradle and what the status bar says of it."""
+    return (column, row), f"{11 * row + column}({column}:{row})"
 
 
 def editor_at_work(editor, folder):
-    cells = zoom(editor, 4)
+    editor.await_keyboard_in_map()
+    cells = Map(editor, 100)
     editor.type("}")
-    cells.point(8, 5)
-    editor.await_position("248(8:5)")
+    place, text = cell(8, 3)
+    cells.point(*place)
+    editor.await_position(text)
     take(editor.frame, folder / "editor.png")
     return cells
 
 
 def painting(editor, cells, folder):
     editor.click(editor.find("push button", "Cell Property"))
-    editor.click(editor.find("combo box", "Cell property"))
-    editor.click(editor.find("list item", "Empire"))
-    value = until(lambda: [box for box in walk(editor.frame) if box.get_description() == "Empire"], "the editor")[0]
+    value = until(lambda: [box for box in walk(editor.frame) if box.get_description() == "Star"], "the editor")[0]
     editor.click(value)
-    editor.click(editor.find("list item", "Drakon"))
-    cells.drag(*[((column, 4), f"{4 * 48 + column}({column}:4)") for column in range(3, 9)])
-    cells.drag(*[((column, 5), f"{5 * 48 + column}({column}:5)") for column in range(4, 8)])
+    editor.click(editor.find("list item", "Neutron"))
+    cells.drag(*[cell(column, 1) for column in range(2, 8)])
     editor.click(editor.find("push button", "Pointer"))
-    cells.drag(*[((column, 7), f"{7 * 48 + column}({column}:7)") for column in range(2, 6)])
-    cells.point(9, 8)
+    cells.drag(*[cell(column, 3) for column in range(3, 8)])
+    cells.point(*cell(9, 3)[0])
     take(editor.frame, folder / "painting.png")
 
 
@@ -81,6 +79,12 @@ def set_slider(slider, percent):
     xdotool("mousemove", place.x + place.width * percent // 100, place.y + place.height // 2, "click", 1)
 
 
+def place_origin(editor, dialog, across, down):
+    """Of the value chosen in the list, in percent of the map."""
+    field = editor.find("canvas", "Origin", dialog).get_extents(0)
+    xdotool("mousemove", field.x + field.width * across // 100, field.y + field.height * down // 100, "click", 1)
+
+
 def filtering(editor, folder):
     editor.choose("v", "Filter...")
     dialog = editor.dialog("Cell Properties")
@@ -92,6 +96,10 @@ def filtering(editor, folder):
 
 
 def preview(editor, folder):
+    """Of the larger map, which takes several pages."""
+    editor.keys("ctrl+F6")
+    editor.await_title("Quorvel Vastrelum - [galaxy.vrl]")
+    editor.await_keyboard_in_map()
     editor.choose("f", "Print Preview")
     dialog = editor.dialog("Print Preview")
     take(dialog, folder / "preview.png")
@@ -119,6 +127,9 @@ def wizard(editor, folder):
 
     page = editor.dialog("Cell Properties")
     add_values(editor, page, "Empire", ["Aurelia", "Borea"])
+    place_origin(editor, page, 70, 60)
+    editor.click(cells_of(editor, page, "Property Values")[0])
+    place_origin(editor, page, 25, 30)
     take(page, folder / "wizard-region.png")
     editor.click(editor.find("push button", "Cancel", page))
 
@@ -134,12 +145,13 @@ def main():
     program, share, folder = sys.argv[1], *map(pathlib.Path, sys.argv[2:])
     folder.mkdir(exist_ok=True)
     write_settings(share)
-    editor = Editor(program, str(share / "samples/galaxy.vrl"))
+    editor = Editor(program, *(str(share / "samples" / name) for name in ("galaxy.vrl", "cradle.vrl")))
     try:
+        editor.await_title("Quorvel Vastrelum - [cradle.vrl]")
         cells = editor_at_work(editor, folder)
         painting(editor, cells, folder)
-        preview(editor, folder)
         filtering(editor, folder)
+        preview(editor, folder)
         wizard(editor, folder)
     finally:
         editor.end()
