@@ -9,7 +9,8 @@ class QListWidget;
 
 namespace quorvel {
 
-/// A modal dialog with one list to choose from, OK and Cancel. A double click on an entry is OK.
+/// A modal dialog with one list to choose from, OK and Cancel. A double click on an entry is OK. A choice
+/// once made can be changed, but not taken back.
 class ListDialog : public QDialog {
   Q_OBJECT
 
@@ -26,6 +27,8 @@ class ListDialog : public QDialog {
   void accept() override;
 
  private:
+  void KeepChoice();
+
   QListWidget* m_pList;
   int m_nSelected = -1;
 };

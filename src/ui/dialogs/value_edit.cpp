@@ -31,13 +31,14 @@ QString TroubleWith(MemberKind kind, const QString& text) {
 }  // namespace
 
 ValueEdit::ValueEdit(MemberKind kind, const QString& description, QWidget* parent)
-    : QLineEdit(parent), kind_(kind), description_(description) {
+    : QLineEdit(parent), kind_(kind) {
   setAccessibleDescription(description);
   connect(this, &QLineEdit::textChanged, this,
           [this](const QString& text) { Mark(TroubleWith(kind_, text)); });
 }
 
-/// Colour alone does not reach everybody, so the text is underlined too.
+/// Colour alone does not reach everybody, so the text is underlined too, and assistive technology has the
+/// trouble as the box's help.
 void ValueEdit::Mark(const QString& trouble) {
   QPalette colours;
   QFont letters;
@@ -49,7 +50,7 @@ void ValueEdit::Mark(const QString& trouble) {
   setPalette(colours);
   setFont(letters);
   setToolTip(trouble);
-  setAccessibleDescription(trouble.isEmpty() ? description_ : description_ + QStringLiteral(": ") + trouble);
+  setWhatsThis(trouble);
 }
 
 }  // namespace quorvel

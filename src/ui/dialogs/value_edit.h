@@ -12,14 +12,13 @@ class ValueEdit : public QLineEdit {
   Q_OBJECT
 
  public:
-  /// A screen reader hears `description`, and after it the trouble with a text that is marked.
+  /// A screen reader hears `description`, and as help the trouble with a text that is marked.
   ValueEdit(MemberKind kind, const QString& description, QWidget* parent);
 
  private:
   void Mark(const QString& trouble);
 
   const MemberKind kind_;
-  const QString description_;
 };
 
 }  // namespace quorvel

@@ -1,12 +1,11 @@
 #include "ui/frame/property_boxes.h"
 
-#include <QComboBox>
-
 #include "map/document/paint_tool.h"
 #include "map/document/vastrel_doc.h"
 #include "map/types/member_editors.h"
 #include "render/display_text.h"
 #include "ui/dialogs/value_edit.h"
+#include "ui/frame/bar_combo.h"
 #include "ui/frame/tool_options_bar.h"
 
 namespace quorvel {
@@ -22,7 +21,6 @@ void PropertyBoxes::Show(CVastrelDoc& document) {
   document_ = &document;
   QWidget* shown = document.m_pPaintMember ? BoxOf(document, *document.m_pPaintMember) : nullptr;
   for (const auto& [id, box] : boxes_) box->setVisible(box == shown);
-  if (shown) shown->setEnabled(bar_.MemberCombo().isEnabled());
 }
 
 void PropertyBoxes::Clear() {
@@ -65,7 +63,7 @@ QWidget* PropertyBoxes::MakeEdit(CVastrelDoc& document, const MemberDef& member,
 
 QWidget* PropertyBoxes::MakeCombo(CVastrelDoc& document, const MemberDef& member,
                                   const CMemberCombo& editor) {
-  auto* box = new QComboBox(&bar_.Controls());
+  auto* box = new BarCombo(&bar_.Controls());
   box->setAccessibleDescription(DisplayText(member.GetName()));
   QStringList names;
   for (const std::string& name : editor.GetNames()) names << DisplayText(name);

@@ -22,6 +22,11 @@ QLabel* MakePane(int id, QWidget& parent) {
   return pane;
 }
 
+/// What a pane has to both sides of its text, in all.
+int RoomBeside(const QLabel& pane) {
+  return 2 * (pane.frameWidth() + pane.margin() + kPaneMarginPx);
+}
+
 }  // namespace
 
 CStatusBar::CStatusBar(QWidget* parent)
@@ -36,11 +41,11 @@ CStatusBar::CStatusBar(QWidget* parent)
   messagePane_->setText(message_);
   positionPane_->setFrameStyle(QFrame::StyledPanel | QFrame::Sunken);
   positionPane_->setWhatsThis(FromResource(FindString(ID_INDICATOR_POSITION).whatsThis));
-  positionPane_->setToolTip(FromResource(TooltipOf(ID_GO_TO_CELL)));
   positionPane_->installEventFilter(this);
   addWidget(messagePane_, 1);
   addPermanentWidget(positionPane_);
   SizePositionPane();
+  ShowPosition();
 
   progress_->setObjectName(QString::number(IDC_PROGRESS));
   progress_->setAccessibleName(tr("Progress"));
@@ -60,7 +65,8 @@ void CStatusBar::SetPrompt(const QString& prompt) {
 }
 
 void CStatusBar::SetStatusText(const QString& text) {
-  positionPane_->setText(text);
+  position_ = text;
+  ShowPosition();
 }
 
 void CStatusBar::ShowProgress(bool show) {
@@ -90,13 +96,25 @@ void CStatusBar::resizeEvent(QResizeEvent* event) {
 
 void CStatusBar::changeEvent(QEvent* event) {
   QStatusBar::changeEvent(event);
-  if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) SizePositionPane();
+  if (event->type() != QEvent::FontChange && event->type() != QEvent::StyleChange) return;
+  SizePositionPane();
+  ShowPosition();
 }
 
 void CStatusBar::SizePositionPane() {
   const QString widest = FromResource(FindString(ID_INDICATOR_POSITION).text);
-  const int frame = 2 * (positionPane_->frameWidth() + positionPane_->margin() + kPaneMarginPx);
-  positionPane_->setFixedWidth(positionPane_->fontMetrics().horizontalAdvance(widest) + frame);
+  positionPane_->setFixedWidth(positionPane_->fontMetrics().horizontalAdvance(widest) +
+                               RoomBeside(*positionPane_));
+}
+
+/// The accessible name is the shown text itself while that is the whole.
+void CStatusBar::ShowPosition() {
+  const int room = positionPane_->maximumWidth() - RoomBeside(*positionPane_);
+  const QString shown = positionPane_->fontMetrics().elidedText(position_, Qt::ElideRight, room);
+  const bool isCut = shown != position_;
+  positionPane_->setText(shown);
+  positionPane_->setAccessibleName(isCut ? position_ : QString());
+  positionPane_->setToolTip(isCut ? position_ : FromResource(TooltipOf(ID_GO_TO_CELL)));
 }
 
 void CStatusBar::PlaceProgress() {

@@ -7,7 +7,8 @@
 namespace quorvel {
 
 /// The main frame's status bar: pane 0 for messages, which stretches, pane 501 for positions, as wide as its
-/// template text, and a progress bar that lies exactly over pane 501 while it is shown.
+/// template text, and a progress bar that lies exactly over pane 501 while it is shown. A longer position is
+/// cut with an ellipsis; its tooltip and its accessible name then have the whole.
 class CStatusBar : public QStatusBar {
   Q_OBJECT
  public:
@@ -30,12 +31,14 @@ class CStatusBar : public QStatusBar {
 
  private:
   void SizePositionPane();
+  void ShowPosition();
   void PlaceProgress();
 
   QLabel* messagePane_;
   QLabel* positionPane_;
   QProgressBar* progress_;
   QString message_;
+  QString position_;
 };
 
 }  // namespace quorvel

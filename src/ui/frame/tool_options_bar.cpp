@@ -4,6 +4,7 @@
 
 #include "map/document/paint_tool.h"
 #include "ui/dialogs/dialog_builder.h"
+#include "ui/frame/bar_combo.h"
 #include "ui/resources/shown_text.h"
 #include "ui/resources/string_table.h"
 
@@ -12,7 +13,9 @@ namespace quorvel {
 CToolOptionsBar::CToolOptionsBar(QWidget* parent) : QToolBar(parent), controls_(new QWidget(this)) {
   setObjectName(QString::number(AFX_IDW_DIALOGBAR));
   setWindowTitle(tr("Tool Options"));
-  BuildControls(kToolOptionsTemplate, *controls_);
+  BuildControls(kToolOptionsTemplate, *controls_, [this](const ControlRow& row) {
+    return row.kind == ControlKind::ComboBox ? new BarCombo(controls_) : nullptr;
+  });
   memberCombo_ = FindControl<QComboBox>(*controls_, IDC_TOOL_MEMBER);
   memberCombo_->setEnabled(false);
   memberCombo_->setAccessibleDescription(FromResource(TooltipOf(IDC_TOOL_MEMBER)));

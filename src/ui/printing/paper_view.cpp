@@ -51,12 +51,12 @@ QSize PaperView::SheetSize() const {
   return (QSizeF(paper_.fullRectPixels(dotsPerInch_).size()) * scale_).toSize();
 }
 
-/// Only the sheets in sight are kept.
+/// Only the sheets in sight are kept, drawn for the screen that they are on.
 const QImage& PaperView::Sheet(int page) {
   std::erase_if(sheets_,
                 [this](const auto& sheet) { return sheet.first < firstPage_ || sheet.first > LastPage(); });
   QImage& sheet = sheets_[page];
-  if (sheet.isNull()) sheet = Draw(page);
+  if (sheet.isNull() || sheet.devicePixelRatio() != devicePixelRatioF()) sheet = Draw(page);
   return sheet;
 }
 

@@ -43,6 +43,14 @@ TEST(VersionDataDialog, AnswersTheChosenPosition) {
          QTest::mouseDClick(List(d).viewport(), Qt::LeftButton, {}, second);
        },
        QDialog::Accepted, 1},
+      {"Ctrl and a click takes no choice away", 1, 1,
+       [](QDialog& d) {
+         const QPoint second = List(d).visualItemRect(List(d).item(1)).center();
+         QTest::mouseClick(List(d).viewport(), Qt::LeftButton, Qt::ControlModifier, second);
+         QTest::keyClick(&List(d), Qt::Key_Space, Qt::ControlModifier);
+         Press(d, IDOK);
+       },
+       QDialog::Accepted, 1},
       {"outside the list", -1, -1, [](QDialog& d) { Press(d, IDOK); }, QDialog::Accepted, -1},
   };
   for (const Row& row : rows) {

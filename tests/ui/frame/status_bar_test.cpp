@@ -1,5 +1,6 @@
 #include "ui/frame/status_bar.h"
 
+#include <QAccessible>
 #include <QLabel>
 #include <QProgressBar>
 #include <QStatusTipEvent>
@@ -29,6 +30,23 @@ TEST(StatusBar, TheProgressBarLiesExactlyOverThePositionPane) {
   editor.feedback.ShowProgress(false);
   EXPECT_FALSE(progress->isVisible());
   EXPECT_EQ(progress->value(), 40) << "the position is kept";
+}
+
+TEST(StatusBar, ALongPositionIsCutAndReadWhole) {
+  Editor editor;
+  CStatusBar& bar = editor.Frame().StatusBar();
+  auto* pane = bar.findChild<QLabel*>(QString::number(ID_INDICATOR_POSITION));
+  const int width = pane->width();
+  const QString longOne = QStringLiteral("A member's name that is longer than the pane");
+  for (const QString& text : {longOne, QStringLiteral("12(2:1)"), longOne, QString()}) {
+    bar.SetStatusText(text);
+    editor.Settle();
+    EXPECT_EQ(pane->width(), width);
+    EXPECT_LE(pane->sizeHint().width(), width) << "the text ends inside";
+    EXPECT_EQ(pane->text() == text, text != longOne);
+    EXPECT_EQ(pane->toolTip() == text, text == longOne);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(pane)->text(QAccessible::Name), text);
+  }
 }
 
 TEST(StatusBar, PromptsCoverTheMessageWhileAnItemIsLit) {

@@ -65,6 +65,33 @@ TEST_F(MapWindows, TheMainTitleNamesTheMapInFront) {
   EXPECT_EQ(MainTitle(), "Quorvel Vastrelum");
 }
 
+TEST_F(MapWindows, AnOpenedOneComesMaximized) {
+  const auto expectWhole = [this](const char* what) {
+    SCOPED_TRACE(what);
+    const CMapFrame& frame = *editor.Frame().ActiveFrame();
+    EXPECT_TRUE(frame.isMaximized());
+    EXPECT_EQ(frame.geometry(), editor.Frame().MdiArea().viewport()->rect());
+    EXPECT_EQ(editor.View().viewport()->width(), editor.Frame().MdiArea().viewport()->width());
+    EXPECT_TRUE(QString::fromStdString(MainTitle()).contains(" - ["));
+  };
+  expectWhole("the third");
+  editor.Run(ID_FILE_CLOSE);
+  expectWhole("the one below a closed one");
+  editor.Open(editor.folder / "c.vrl");
+  expectWhole("opened again");
+  editor.Run(ID_WINDOW_NEW);
+  expectWhole("one more of the same map");
+  editor.Open(editor.folder / "a.vrl");
+  expectWhole("brought to the front");
+  editor.Run(ID_WINDOW_TILE_HORZ);
+  editor.Run(ID_FILE_CLOSE);
+  editor.Open(editor.folder / "a.vrl");
+  expectWhole("opened again over tiled ones");
+  while (editor.Frame().ActiveFrame()) editor.Run(ID_FILE_CLOSE);
+  editor.Open(editor.folder / "b.vrl");
+  expectWhole("opened again into the empty area");
+}
+
 TEST_F(MapWindows, TheWindowMenuListsThemAndBringsThemToTheFront) {
   EXPECT_EQ(List(), (std::vector<std::string>{"&1 a.vrl", "&2 b.vrl", "*&3 c.vrl"}));
   Windows()[0]->showMinimized();

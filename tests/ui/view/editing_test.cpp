@@ -2,6 +2,7 @@
 
 #include "map/document/editing.h"
 
+#include <QAccessible>
 #include <QListWidget>
 
 #include "map/document/paint_tool.h"
@@ -105,8 +106,8 @@ TEST(Editing, EveryKindIsPaintedAlongADragAndSaved) {
       PressKey(box, Qt::Key_Down);
     }
     EXPECT_EQ(box.toolTip(), row.trouble);
-    EXPECT_TRUE(box.accessibleDescription().startsWith(row.name));
-    EXPECT_TRUE(box.accessibleDescription().endsWith(*row.trouble ? row.trouble : row.name));
+    EXPECT_EQ(box.accessibleDescription(), row.name);
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&box)->text(QAccessible::Help), row.trouble);
 
     document.SetModifiedFlag(false);
     editor.PressAt(editor.Middle({0, line}));
@@ -163,6 +164,32 @@ TEST(Editing, AFocusedEditBoxHasItsKeys) {
   EXPECT_EQ(editor.View().CellSize(), 90);
   EXPECT_EQ(editor.View().Look().fillMember, fill);
   EXPECT_EQ(IsMarked(document, {0, 0}), 0) << "Ctrl+A was the box's";
+}
+
+TEST(Editing, TheBoxesOfTheBarKeepWhatIsChosen) {
+  Editor editor;
+  ASSERT_TRUE(editor.OpenMap(4, 3));
+  PaintWith(editor, kOwner);
+  auto& value = dynamic_cast<QComboBox&>(Box(editor));
+  QComboBox& member = editor.Frame().ToolOptionsBar().MemberCombo();
+  const auto turnWheel = [](QComboBox& box) {
+    const QPoint middle = box.rect().center();
+    QWheelEvent event(middle, box.mapToGlobal(middle), {}, {0, -120}, {}, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&box, &event);
+    return box.currentIndex();
+  };
+  editor.Frame().activateWindow();
+  editor.View().setFocus();
+  EXPECT_EQ(turnWheel(member), kOwner) << "rolled across";
+  EXPECT_EQ(turnWheel(value), 0);
+  for (const QComboBox* box : {&member, &value})
+    EXPECT_EQ(box->focusPolicy(), Qt::StrongFocus) << "the wheel takes no keyboard";
+  value.setFocus();
+  EXPECT_EQ(turnWheel(value), 1) << "but turns the box that has it";
+
+  editor.Run(ID_TOOL_POINTER);
+  EXPECT_FALSE(member.isEnabled());
+  EXPECT_TRUE(value.isVisible() && value.isEnabled()) << "the value for the next painting";
 }
 
 TEST(Editing, TheBarHoldsTheEditorsOfTheMapInFront) {
