@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "platform/files/file_calls.h"
+
 namespace quorvel {
 
 /// Results on their way to standard output, in large pieces. After the first failed write nothing more is
@@ -32,7 +34,6 @@ class Results {
   bool Finish(std::string& errorText);
 
  private:
-  static constexpr std::size_t kPieceBytes = std::size_t{256} * 1024;
   void Drain();
 
   std::string buffer_;

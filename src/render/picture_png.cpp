@@ -12,7 +12,7 @@ namespace quorvel {
 namespace {
 
 /// Painted at once, then written. The larger a band, the fewer cells are painted in two.
-constexpr std::int64_t kBandBytes = 64'000'000;
+constexpr std::int64_t kPictureBandBytes = 64'000'000;
 
 }  // namespace
 
@@ -21,7 +21,8 @@ bool RenderPng(const MapContents& map, const PictureRequest& request, std::strea
   const auto plan = PicturePlan::For(map, request, kMaxPictureSidePx, errorText);
   if (!plan) return false;
   const MapRect& part = plan->part;
-  const std::int64_t bandRows = std::clamp<std::int64_t>(kBandBytes / (part.Width() * 4), 1, part.Height());
+  const std::int64_t bandRows =
+      std::clamp<std::int64_t>(kPictureBandBytes / (part.Width() * 4), 1, part.Height());
   QImage band(static_cast<int>(part.Width()), static_cast<int>(bandRows), QImage::Format_RGB32);
   PngWriter writer(out, static_cast<std::uint32_t>(part.Width()), static_cast<std::uint32_t>(part.Height()));
   MapPainter painter;

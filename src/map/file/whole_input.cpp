@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "map/types/map_limits.h"
+#include "platform/files/file_calls.h"
 
 namespace quorvel {
 namespace {
@@ -17,7 +18,6 @@ bool HasNoText(std::string_view start) {
 
 std::string ReadWholeInput(std::streambuf& input) {
   constexpr std::uint64_t kEnough = kMaxTextFileBytes + 1;
-  constexpr std::size_t kPieceBytes = 256 * 1024;
   std::string bytes;
   while (bytes.size() < kEnough && !HasNoText(bytes)) {
     const std::size_t held = bytes.size();

@@ -11,12 +11,12 @@
 #include <fmt/format.h>
 
 #include "platform/files/file_attributes.h"
+#include "platform/files/file_calls.h"
 
 namespace quorvel {
 
 namespace {
 
-constexpr std::size_t kPieceBytes = std::size_t{256} * 1024;
 constexpr std::uint64_t kBeginSyncBytes = std::uint64_t{4} << 20;
 constexpr mode_t kOwnerOnly = 0600;  // until the target's own mode is set, nobody else may read
 

@@ -8,6 +8,9 @@
 
 namespace quorvel {
 
+/// Bytes are read, written and handed from room to room in pieces of this size.
+inline constexpr std::size_t kPieceBytes = std::size_t{256} * 1024;
+
 /// The system calls of writing files, in one place so that tests can let each of them fail.
 /// Results are the system's: below 0 means failure with the reason in errno. EINTR is handled here.
 class FileCalls {

@@ -14,12 +14,6 @@
 
 namespace quorvel {
 
-namespace {
-
-constexpr std::size_t kPieceBytes = std::size_t{256} * 1024;
-
-}  // namespace
-
 FileSource::FileSource(const std::string& path, Accept accept, std::uint64_t limitBytes)
     : limit_(limitBytes) {
   Open(path, accept);

@@ -11,9 +11,9 @@ namespace {
 
 constexpr int kCursorSidePx = 32;
 
-using Drawing = void (*)(QPainter&);
+using CursorDrawing = void (*)(QPainter&);
 
-QCursor MakeCursor(Drawing draw, QPoint hotSpot, double pixelRatio) {
+QCursor MakeCursor(CursorDrawing draw, QPoint hotSpot, double pixelRatio) {
   const int side = static_cast<int>(std::ceil(kCursorSidePx * pixelRatio));
   QPixmap pixmap(side, side);
   pixmap.setDevicePixelRatio(pixelRatio);

@@ -7,13 +7,13 @@
 #include <QTemporaryFile>
 
 #include "platform/files/atomic_file.h"
+#include "platform/files/file_calls.h"
 
 namespace quorvel {
 namespace {
 
 constexpr char kEndOfPdf[] = "%%EOF";
 constexpr qint64 kTailBytes = 16;
-constexpr qint64 kPieceBytes = 1 << 18;
 
 /// The library's last bytes are there: it could write all that it wanted.
 bool IsWhole(QFile& pdf) {
@@ -25,7 +25,7 @@ bool CopyTo(const QString& path, QFile& pdf, std::string& reason) {
   AtomicFile target(QFile::encodeName(path).toStdString());
   target.Reserve(static_cast<std::uint64_t>(pdf.size()));
   while (target.IsGood() && !pdf.atEnd()) {
-    const QByteArray piece = pdf.read(kPieceBytes);
+    const QByteArray piece = pdf.read(qint64{kPieceBytes});
     target.sputn(piece.constData(), piece.size());
   }
   std::string errorText;
