@@ -43,6 +43,22 @@ function(quorvel_room name)
   target_link_libraries(quorvel_${name} PUBLIC ${ROOM_ROOMS} ${ROOM_LINKS} PRIVATE quorvel_options)
   target_include_directories(quorvel_${name} PUBLIC ${CMAKE_SOURCE_DIR}/src)
   target_precompile_headers(quorvel_${name} PRIVATE ${QUORVEL_HEADERS} ${ROOM_HEADERS})
+  quorvel_units(quorvel_${name} ${sources})
+endfunction()
+
+# Compiles the target's sources a folder at a time, so that each header is read once a folder. Names of a
+# folder's anonymous namespaces must differ for that; the preset asan builds every source by itself.
+function(quorvel_units target)
+  if(NOT QUORVEL_UNITS)
+    return()
+  endif()
+  target_compile_options(${target} PRIVATE -Wno-subobject-linkage)  # each .cpp is a main file, if included
+  set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
+  foreach(source ${ARGN})
+    get_filename_component(folder ${source} DIRECTORY)
+    get_filename_component(unit ${folder} NAME)
+    set_source_files_properties(${source} PROPERTIES UNITY_GROUP ${unit})
+  endforeach()
 endfunction()
 
 # quorvel_tests(NAME ROOMS... [LINKS LIBRARY...] [HEADERS HEADER...])

@@ -15,7 +15,7 @@ namespace quorvel {
 
 namespace {
 
-constexpr std::string_view kKindNames[] = {"string", "int", "float", "index", "object"};
+constexpr std::string_view kMemberKinds[] = {"string", "int", "float", "index", "object"};
 
 void PrintRow(Results& out, std::string_view name, std::string_view value) {
   fmt::format_to(std::back_inserter(out.Line()), "{:<12}", name);
@@ -103,7 +103,7 @@ void PrintTypes(const TypeList& types, Results& out) {
 void PrintProperties(const ClassDef& cellClass, const CellGrid* grid, Results& out) {
   for (const auto& member : cellClass.Members()) {
     std::string line =
-        fmt::format("{}, {}", member->GetName(), kKindNames[static_cast<std::size_t>(member->GetKind())]);
+        fmt::format("{}, {}", member->GetName(), kMemberKinds[static_cast<std::size_t>(member->GetKind())]);
     const std::string values = grid != nullptr ? Values(*member, Slots(*member, *grid)) : std::string();
     if (!values.empty()) line += ": " + values;
     PrintRow(out, "property", line);
