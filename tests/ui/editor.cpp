@@ -1,5 +1,7 @@
 #include "tests/ui/editor.h"
 
+#include <utility>
+
 #include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
@@ -50,12 +52,6 @@ type="index"
 range="Star"
 )";
 
-void SendMouse(QWidget& widget, QEvent::Type type, QPoint place, Qt::MouseButton button,
-               Qt::MouseButtons held) {
-  QMouseEvent event(type, place, widget.mapToGlobal(place), button, held, Qt::NoModifier);
-  QApplication::sendEvent(&widget, &event);
-}
-
 }  // namespace
 
 void NameFile(QDialog& dialog, const std::string& path) {
@@ -101,17 +97,24 @@ QPoint Editor::Middle(CellCoord cell) {
   return QPoint(outline[6].x, outline[6].y) - View().ScrollPosition();
 }
 
-void Editor::MovePointer(QPoint place) {
-  SendMouse(*View().viewport(), QEvent::MouseMove, place, Qt::NoButton, Qt::NoButton);
+void Editor::SendMouse(QEvent::Type type, QPoint place, Qt::MouseButton button) {
+  QWidget& widget = *View().viewport();
+  QMouseEvent event(type, place, widget.mapToGlobal(place), button, heldButton_, Qt::NoModifier);
+  QApplication::sendEvent(&widget, &event);
 }
 
-void Editor::PressAt(QPoint place) {
+void Editor::MovePointer(QPoint place) {
+  SendMouse(QEvent::MouseMove, place, Qt::NoButton);
+}
+
+void Editor::PressAt(QPoint place, Qt::MouseButton button) {
   MovePointer(place);
-  SendMouse(*View().viewport(), QEvent::MouseButtonPress, place, Qt::LeftButton, Qt::LeftButton);
+  heldButton_ = button;
+  SendMouse(QEvent::MouseButtonPress, place, button);
 }
 
 void Editor::Release(QPoint place) {
-  SendMouse(*View().viewport(), QEvent::MouseButtonRelease, place, Qt::LeftButton, Qt::NoButton);
+  SendMouse(QEvent::MouseButtonRelease, place, std::exchange(heldButton_, Qt::NoButton));
 }
 
 }  // namespace quorvel

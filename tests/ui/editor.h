@@ -98,8 +98,10 @@ class Editor {
   /// The middle of a cell in the active view's viewport.
   QPoint Middle(CellCoord cell);
   void MovePointer(QPoint place);
-  void PressAt(QPoint place);
+  void PressAt(QPoint place, Qt::MouseButton button = Qt::LeftButton);
   void Release(QPoint place);
+  /// The button is up, and nothing tells of it.
+  void LetGoUnseen() { heldButton_ = Qt::NoButton; }
 
   TempFolder folder;
   ScriptedPrompts prompts;
@@ -116,12 +118,15 @@ class Editor {
   bool started = false;
 
  private:
+  void SendMouse(QEvent::Type type, QPoint place, Qt::MouseButton button);
   static std::string MapText(int width, int height);
   Services ServicesFor(Answers answers);
   void Start(const CCommandLineInfo& commandLine) {
     qputenv("XDG_DATA_HOME", (folder / "data").c_str());
     started = app.InitInstance(commandLine);
   }
+
+  Qt::MouseButton heldButton_ = Qt::NoButton;
 };
 
 /// Names a file in a file dialog and leaves it.

@@ -42,6 +42,11 @@ void MarkEveryCell(CVastrelDoc& document, MarkMode mode) {
   document.UpdateAllViews(nullptr);
 }
 
+void ShowCursor(CVastrelDoc& document, ToolCursor cursor) {
+  document.m_hToolCursor = cursor;
+  document.UpdateAllViews(nullptr, {UpdateHint::Tool, {}, {}});
+}
+
 }  // namespace
 
 std::uint8_t IsMarked(const MapContents& map, CellCoord cell) {
@@ -80,10 +85,10 @@ bool SetCurrentCell(CVastrelDoc& document, const CellCoord* cell) {
 
 int SelectTool(CVastrelDoc& document, int tool) {
   document.m_nTool = tool;
-  if (tool == kPointerTool) document.m_hToolCursor = ToolCursor::Pointer;
+  if (tool == kPointerTool) ShowCursor(document, ToolCursor::Pointer);
   if (tool == kCellPropertyTool) {
     ShowPaintEditor(document, document.m_nPaintIndex);
-    document.m_hToolCursor = ToolCursor::Paint;
+    ShowCursor(document, ToolCursor::Paint);
   }
   document.GetServices().toolOptions.ShowTool(document);
   return document.m_nTool;

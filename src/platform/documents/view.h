@@ -13,6 +13,7 @@ struct UpdateHint {
     All,          ///< anything may have changed: size, marks, filter
     Cell,         ///< the value or mark of one cell
     CurrentCell,  ///< the current cell moved from `previous` to `cell`; either may name no cell
+    Tool,         ///< another tool: the cursor over the map, and nothing that is drawn
   } code = All;
   CellCoord cell{};
   CellCoord previous{};

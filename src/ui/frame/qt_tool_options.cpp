@@ -6,7 +6,6 @@
 #include "map/document/vastrel_doc.h"
 #include "render/display_text.h"
 #include "ui/frame/tool_options_bar.h"
-#include "ui/view/map_view.h"
 
 namespace quorvel {
 namespace {
@@ -36,9 +35,6 @@ void QtToolOptions::Attach(CToolOptionsBar* bar) {
 }
 
 void QtToolOptions::ShowTool(CVastrelDoc& document) {
-  for (CView* view : document.Views()) {
-    if (auto* mapView = dynamic_cast<CMapView*>(view)) mapView->ShowToolCursor();
-  }
   if (!bar_) return;
   QComboBox& combo = bar_->MemberCombo();
   const QSignalBlocker quiet(combo);

@@ -9,7 +9,7 @@ namespace quorvel {
 
 class CToolOptionsBar;
 
-/// Shows a document's tool in the tool options bar and as the cursor over its views.
+/// Shows a document's tool in the tool options bar.
 class QtToolOptions final : public ToolOptions {
  public:
   /// Null before the bar goes.

@@ -2,6 +2,7 @@
 
 #include <QWindow>
 
+#include "map/document/editing.h"
 #include "map/document/vastrel_doc.h"
 #include "render/cell_look.h"
 #include "render/display_text.h"

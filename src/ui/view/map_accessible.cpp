@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "map/document/editing.h"
 #include "map/document/vastrel_doc.h"
 #include "ui/view/cell_accessible.h"
 #include "ui/view/map_view.h"

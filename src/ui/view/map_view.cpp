@@ -3,16 +3,14 @@
 #include <algorithm>
 #include <cmath>
 
-#include <QCursor>
 #include <QPaintEvent>
 #include <QPainter>
-#include <QScopedValueRollback>
 #include <QScrollBar>
 
+#include "map/document/editing.h"
 #include "map/document/vastrel_doc.h"
 #include "map/fill/map_filter.h"
 #include "map/grid/cell_metrics.h"
-#include "platform/documents/win_app.h"
 #include "render/colour_members.h"
 #include "render/map_extent.h"
 #include "render/pixel_scale.h"
@@ -20,6 +18,8 @@
 #include "ui/drawings/tool_cursors.h"
 #include "ui/resources/command_ids.h"
 #include "ui/view/map_accessible.h"
+#include "ui/view/map_input.h"
+#include "ui/view/zoom_steps.h"
 
 namespace quorvel {
 namespace {
@@ -39,12 +39,11 @@ constexpr CommandRow<CMapView> kViewCommands[] = {
 
 }  // namespace
 
-CMapView::CMapView(const CWinApp& application) : application_(application), commands_(*this, kViewCommands) {
+CMapView::CMapView(const CWinApp& application)
+    : commands_(*this, kViewCommands), input_(std::make_unique<MapInput>(*this, application)) {
   InstallMapAccessible();
   setAccessibleName(tr("Map view"));
   viewport()->setAccessibleName(tr("Map"));
-  viewport()->setMouseTracking(true);
-  viewport()->grabGesture(Qt::PinchGesture);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
   setFrameShape(QFrame::NoFrame);
@@ -94,6 +93,9 @@ void CMapView::OnUpdate(CView*, const UpdateHint& hint) {
     case UpdateHint::CurrentCell:
       ShowCurrentCell();
       break;
+    case UpdateHint::Tool:
+      ShowToolCursor();
+      break;
     case UpdateHint::All:
       SetCellSize(m_fCellSize);
       break;
@@ -139,18 +141,14 @@ void CMapView::Zoom(int steps) {
   UpdateCurrentCell();
 }
 
-void CMapView::ZoomAt(QPoint pointer, int steps) {
+bool CMapView::ZoomAt(QPoint pointer, int steps) {
   const float cellSizePx = ZoomedCellSize(m_fCellSize, steps);
-  if (cellSizePx == m_fCellSize) return;
-  if (HasGrid()) {
-    const QPoint position = ScrolledThroughZoom(*Document()->m_pGrid, Place(), pointer, cellSizePx);
-    const QScopedValueRollback<bool> moving(isMovingItself_, true);
-    SetCellSize(cellSizePx);
-    ScrollToPosition(position);
-  } else {
-    SetCellSize(cellSizePx);
-  }
-  TakeCellUnder(pointer);
+  if (cellSizePx == m_fCellSize) return false;
+  const QPoint position =
+      HasGrid() ? ScrolledThroughZoom(*Document()->m_pGrid, Place(), pointer, cellSizePx) : ScrollPosition();
+  SetCellSize(cellSizePx);
+  ScrollToPosition(position);
+  return true;
 }
 
 void CMapView::OnGoToCell() {
@@ -180,23 +178,23 @@ QRect CMapView::CellRect(CellCoord cell) const {
   return {corner - ScrollPosition(), QSize(metrics.Width(), metrics.height)};
 }
 
-bool CMapView::TakeCellUnder(QPoint viewportPoint) {
-  restingPointer_.reset();
-  if (!Document()) return false;
-  const CellCoord cell = CellAt(viewportPoint);
-  return SetCurrentCell(*Document(), &cell);
-}
-
 void CMapView::UpdateCurrentCell() {
-  TakeCellUnder(viewport()->mapFromGlobal(QCursor::pos()));
+  input_->TakePointer();
 }
 
 void CMapView::GoToCell(CellCoord cell) {
-  restingPointer_ = QCursor::pos();
-  const bool hasMoved = SetCurrentCell(*Document(), &cell);
-  if (hasMoved && isSpaceDown_) UseTool(ToolPhase::Moved);
-  const QScopedValueRollback<bool> moving(isMovingItself_, true);
+  input_->GoToCell(cell);
+}
+
+void CMapView::ShowCell(CellCoord cell) {
   ScrollToPosition(ScrolledIntoSight(Place(), viewport()->size(), cell));
+}
+
+void CMapView::StepMember(std::string& name, int step) {
+  CVastrelDoc* document = Document();
+  if (!document || !SelectIndexMember(document->m_pCellClass, name, step)) return;
+  ShowCellText(*document, name);
+  InvalidateAll();
 }
 
 MapLook CMapView::Look() {
@@ -274,13 +272,18 @@ void CMapView::paintEvent(QPaintEvent* event) {
 }
 
 void CMapView::resizeEvent(QResizeEvent*) {
-  const QScopedValueRollback<bool> moving(isMovingItself_, restingPointer_.has_value());
+  const MapInput::Hold hold = input_->HoldChosenCell();
   SetScrollSizes();
 }
 
 void CMapView::scrollContentsBy(int, int) {
   viewport()->update();
-  if (!isMovingItself_) UpdateCurrentCell();
+  input_->OnMapMoved();
+}
+
+void CMapView::focusInEvent(QFocusEvent* event) {
+  QAbstractScrollArea::focusInEvent(event);
+  AnnounceCurrentCell(*this);
 }
 
 void CMapView::changeEvent(QEvent* event) {

@@ -57,11 +57,12 @@ class Editing : public testing::Test {
       marks += IsMarked(document, document.m_pGrid->CoordOf(index)) != 0 ? '#' : '.';
     return marks;
   }
-  /// Hints since the last call: "all", "cell C:R", "current C:R from C:R".
+  /// Hints since the last call: "all", "tool", "cell C:R", "current C:R from C:R".
   std::vector<std::string> TakeHints() {
     std::vector<std::string> texts;
     for (const UpdateHint& hint : std::exchange(view.hints, {})) {
       if (hint.code == UpdateHint::All) texts.emplace_back("all");
+      if (hint.code == UpdateHint::Tool) texts.emplace_back("tool");
       if (hint.code == UpdateHint::Cell)
         texts.push_back(fmt::format("cell {}:{}", hint.cell.column, hint.cell.row));
       if (hint.code == UpdateHint::CurrentCell)
@@ -106,7 +107,7 @@ TEST_F(Editing, NothingHappensWithoutAGrid) {
   OnEditDeselect(document);
   SetMark(document, cell, 1);
   EXPECT_EQ(IsMarked(document, cell), 0);
-  EXPECT_THAT(TakeHints(), IsEmpty());
+  EXPECT_THAT(TakeHints(), ElementsAre("tool", "tool"));
   EXPECT_FALSE(document.IsModified());
 }
 
@@ -146,8 +147,10 @@ TEST_F(Editing, ToolsAndTheirCursors) {
   EXPECT_EQ(SelectTool(document, kCellPropertyTool), 1);
   EXPECT_EQ(document.m_hToolCursor, ToolCursor::Paint);
   EXPECT_EQ(document.m_pPaintMember, document.m_pCellClass->FindMember("Name"));
+  EXPECT_THAT(TakeHints(), ElementsAre("tool"));
   EXPECT_EQ(SelectTool(document, 7), 7);
   EXPECT_EQ(document.m_hToolCursor, ToolCursor::Paint) << "an unknown tool changes its number only";
+  EXPECT_THAT(TakeHints(), IsEmpty());
   Press({1, 1});
   EXPECT_EQ(document.m_pGrid->Count(), 0);
   EXPECT_EQ(Marks(), "............");

@@ -77,25 +77,6 @@ TEST(MapWindow, ZoomsInStepsAndKeepsTheScrollPosition) {
   EXPECT_EQ(view.ScrollPosition().x(), std::max(0, 802 - view.viewport()->width()));
 }
 
-TEST(MapWindow, ArrowKeysScrollByColumnsAndRows) {
-  struct Row {
-    Qt::Key key;
-    QPoint from, to;
-  };
-  constexpr Row rows[] = {{Qt::Key_Right, {0, 0}, {86, 0}},   {Qt::Key_Down, {0, 0}, {0, 100}},
-                          {Qt::Key_Left, {100, 7}, {14, 7}},  {Qt::Key_Left, {14, 7}, {0, 7}},
-                          {Qt::Key_Up, {30, 250}, {30, 150}}, {Qt::Key_Up, {0, 0}, {0, 0}},
-                          {Qt::Key_A, {40, 40}, {40, 40}}};
-  Editor editor;
-  ASSERT_TRUE(editor.OpenMap(100, 80));
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.key);
-    editor.View().ScrollToPosition(row.from);
-    QTest::keyClick(&editor.View(), row.key);
-    EXPECT_EQ(editor.View().ScrollPosition(), row.to);
-  }
-}
-
 void TurnWheel(CMapView& view, QPoint place, QPoint angleDelta, Qt::KeyboardModifiers held) {
   QWheelEvent event(place, view.viewport()->mapToGlobal(place), {}, angleDelta, Qt::NoButton, held,
                     Qt::NoScrollPhase, false);
@@ -157,29 +138,17 @@ TEST(MapWindow, ZoomingByWheelAndPinchKeepsTheCellUnderThePointer) {
   EXPECT_EQ(*document.m_pCurrentCell, cell) << "the cell is really there";
 }
 
-TEST(MapWindow, TwoFingersOnATouchScreenZoom) {
-  Editor editor;
-  ASSERT_TRUE(editor.OpenMap(100, 80));
-  static QPointingDevice* const screen = QTest::createTouchDevice();  // lives as long as the program
-  QWidget& viewport = *editor.View().viewport();
-  QTest::touchEvent(&viewport, screen).press(0, {100, 200}).press(1, {500, 200});
-  for (int inward = 10; inward <= 100; inward += 10)
-    QTest::touchEvent(&viewport, screen).move(0, {100 + inward, 200}).move(1, {500 - inward, 200});
-  QTest::touchEvent(&viewport, screen).release(0, {200, 200}).release(1, {400, 200});
-  EXPECT_EQ(editor.View().CellSize(), 50);
-}
-
 TEST(MapWindow, TheMiddleButtonDragsTheMap) {
   Editor editor;
   const CVastrelDoc& document = *editor.OpenMap(100, 80);
   CMapView& view = editor.View();
   view.ScrollToPosition({1000, 1000});
-  QTest::mousePress(view.viewport(), Qt::MiddleButton, {}, {300, 200});
+  editor.PressAt({300, 200}, Qt::MiddleButton);
   editor.MovePointer({250, 230});
   EXPECT_EQ(view.ScrollPosition(), QPoint(1050, 970));
   editor.MovePointer({290, 200});
   EXPECT_EQ(view.ScrollPosition(), QPoint(1010, 1000));
-  QTest::mouseRelease(view.viewport(), Qt::MiddleButton, {}, {290, 200});
+  editor.LetGoUnseen();
   editor.MovePointer({100, 100});
   EXPECT_EQ(view.ScrollPosition(), QPoint(1010, 1000));
   for (int index = 0; index < 8000; ++index) ASSERT_EQ(document.m_pCellMarks[index], 0) << index;
