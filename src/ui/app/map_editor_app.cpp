@@ -1,5 +1,7 @@
 #include "ui/app/map_editor_app.h"
 
+#include <string_view>
+
 #include <QFile>
 
 #include "map/document/editing.h"
@@ -29,21 +31,68 @@ void Print(CMapEditorApp& application) {
   application.Printing().Print(*application.ActiveView());
 }
 
+template <std::size_t Place>
+void OpenRecentFile(CMapEditorApp& application) {
+  application.OnOpenRecentFile(Place);
+}
+
+constexpr std::string_view kRecentFileText = "Open this map\nRecent File";
+constexpr std::string_view kRecentFileWhatsThis = "Opens a map that was open before.";
+
 constexpr CommandRow<CMapEditorApp> kApplicationCommands[] = {
-    {ID_APP_ABOUT, [](CMapEditorApp& application) { application.OnAppAbout(); }},
-    {ID_FILE_NEW, [](CMapEditorApp& application) { application.OnFileNew(); }},
-    {ID_FILE_OPEN, [](CMapEditorApp& application) { application.OnFileOpen(); }},
-    {ID_FILE_PRINT_SETUP,
+    {{.id = ID_APP_ABOUT,
+      .menuText = "&About Quorvel...",
+      .text = "Display program information and version number\nAbout",
+      .whatsThis = "Shows the version of the editor."},
+     [](CMapEditorApp& application) { application.OnAppAbout(); }},
+    {{.id = ID_FILE_NEW,
+      .menuText = "&New",
+      .keys = "Ctrl+N",
+      .text = "Create a new map\nNew",
+      .whatsThis = "Makes a new map: asks for its type, then for its size and contents."},
+     [](CMapEditorApp& application) { application.OnFileNew(); }},
+    {{.id = ID_FILE_OPEN,
+      .menuText = "&Open...",
+      .keys = "Ctrl+O",
+      .text = "Open an existing map\nOpen",
+      .whatsThis = "Opens a map file in a window of its own."},
+     [](CMapEditorApp& application) { application.OnFileOpen(); }},
+    {{.id = ID_FILE_PRINT_SETUP,
+      .menuText = "P&rint Setup...",
+      .text = "Change the printer and printing options\nPrint Setup",
+      .whatsThis =
+          "Chooses the paper, its orientation and its margins. The printer is chosen when printing."},
      [](CMapEditorApp& application) { application.Printing().ChoosePage(&application.MainFrame()); }},
-    {ID_FILE_PRINT, Print, HasActiveView},
-    {ID_FILE_PRINT_DIRECT, Print, HasActiveView},
-    {ID_FILE_PRINT_PREVIEW,
+    {{.id = ID_FILE_PRINT,
+      .menuText = "&Print...",
+      .keys = "Ctrl+P",
+      .text = "Print the active map\nPrint",
+      .whatsThis = "Prints the map, cut into as many pages as it needs."},
+     Print,
+     HasActiveView},
+    {{.id = ID_FILE_PRINT_DIRECT,
+      .text = "Print the active map using current options\nQuick Print",
+      .whatsThis = "Prints the map as it was printed last."},
+     Print,
+     HasActiveView},
+    {{.id = ID_FILE_PRINT_PREVIEW,
+      .menuText = "Print Pre&view",
+      .text = "Display full pages\nPrint Preview",
+      .whatsThis = "Shows the pages as they would be printed, and how many there are."},
      [](CMapEditorApp& application) { application.Printing().Preview(*application.ActiveView()); },
      HasActiveView},
-    {ID_FILE_MRU_FILE1, [](CMapEditorApp& application) { application.OnOpenRecentFile(0); }, HasRecentFiles},
-    {ID_FILE_MRU_FILE1 + 1, [](CMapEditorApp& application) { application.OnOpenRecentFile(1); }},
-    {ID_FILE_MRU_FILE1 + 2, [](CMapEditorApp& application) { application.OnOpenRecentFile(2); }},
-    {ID_FILE_MRU_FILE1 + 3, [](CMapEditorApp& application) { application.OnOpenRecentFile(3); }},
+    {{.id = ID_FILE_MRU_FILE1,
+      .menuText = "Recent File",
+      .text = kRecentFileText,
+      .whatsThis = kRecentFileWhatsThis},
+     OpenRecentFile<0>,
+     HasRecentFiles},
+    {{.id = ID_FILE_MRU_FILE1 + 1, .text = kRecentFileText, .whatsThis = kRecentFileWhatsThis},
+     OpenRecentFile<1>},
+    {{.id = ID_FILE_MRU_FILE1 + 2, .text = kRecentFileText, .whatsThis = kRecentFileWhatsThis},
+     OpenRecentFile<2>},
+    {{.id = ID_FILE_MRU_FILE1 + 3, .text = kRecentFileText, .whatsThis = kRecentFileWhatsThis},
+     OpenRecentFile<3>},
 };
 
 }  // namespace

@@ -11,11 +11,8 @@
 
 namespace quorvel {
 
-/// True for what cannot disturb a long operation: looking, scrolling, zooming, and the bars.
-bool MayRunWhileBusy(int command);
-
-/// The one action of every command that a menu, a button or a key names, its object name the command's
-/// number. Menus and bars share them, so a command looks the same everywhere.
+/// The one action of every command, its object name the command's number. Menus and bars share them, so a
+/// command looks the same everywhere.
 class CommandActions : public QObject {
   Q_OBJECT
  public:
@@ -24,13 +21,12 @@ class CommandActions : public QObject {
 
   using BusyTest = std::function<bool()>;
 
-  /// Adds the actions to `window`, in which their keys are heard. While busy only commands that
-  /// `MayRunWhileBusy` are enabled.
-  CommandActions(QWidget& window, Chain chain, BusyTest isBusy);
+  /// Adds the actions to `window`, in which their keys are heard.
+  CommandActions(QWidget& window, const CommandList& commands, Chain chain, BusyTest isBusy);
 
-  /// Null for a number that no table names.
+  /// Null for a number that no command has.
   QAction* Action(int command) const;
-  std::vector<int> Commands() const;
+  CommandList Commands() const;
 
   /// Brings enabled states and check marks up to date; what nothing handles is disabled.
   void Refresh();
@@ -43,12 +39,17 @@ class CommandActions : public QObject {
   void Refreshed();
 
  private:
-  QAction* Make(int command, QWidget& window);
-  CommandState StateOf(int command) const;
+  struct Entry {
+    const Command* command;
+    QAction* action;
+  };
+
+  QAction* Make(const Command& command);
+  CommandState StateOf(const Command& command) const;
 
   Chain chain_;
   BusyTest isBusy_;
-  std::map<int, QAction*> actions_;
+  std::map<int, Entry> entries_;
   bool showsBusy_ = false;
 };
 

@@ -3,6 +3,8 @@
 #include <optional>
 #include <span>
 
+#include "ui/commands/command.h"
+
 namespace quorvel {
 
 /// How a command's menu item and button stand at this moment. No `isChecked`: the command has no check mark.
@@ -11,19 +13,27 @@ struct CommandState {
   std::optional<bool> isChecked;
 };
 
-/// One row of a command map. Null functions: always enabled, no check mark.
+/// One row of a command map: all that there is to a command. Null functions: always enabled, no check mark.
 template <class Target>
 struct CommandRow {
-  int command;
+  Command command;
   void (*run)(Target&);
   bool (*isEnabled)(const Target&) = nullptr;
   bool (*isChecked)(const Target&) = nullptr;
 };
 
+/// Appends the commands of a table.
+template <class Target>
+void AddCommands(std::span<const CommandRow<Target>> rows, CommandList& commands) {
+  for (const CommandRow<Target>& row : rows) commands.push_back(&row.command);
+}
+
 /// Whoever handles commands: a view, a document, the frame, the application.
 class CommandTarget {
  public:
   virtual ~CommandTarget() = default;
+  /// Appends the commands that this target has rows for.
+  virtual void AddTo(CommandList& commands) const = 0;
   /// None when this target has no row for the command.
   virtual std::optional<CommandState> StateOf(int command) const = 0;
   /// False when this target has no row for the command.
@@ -35,6 +45,8 @@ template <class Target>
 class CommandMap final : public CommandTarget {
  public:
   CommandMap(Target& target, std::span<const CommandRow<Target>> rows) : target_(target), rows_(rows) {}
+
+  void AddTo(CommandList& commands) const override { AddCommands(rows_, commands); }
 
   std::optional<CommandState> StateOf(int command) const override {
     const CommandRow<Target>* row = Find(command);
@@ -55,7 +67,7 @@ class CommandMap final : public CommandTarget {
  private:
   const CommandRow<Target>* Find(int command) const {
     for (const CommandRow<Target>& row : rows_) {
-      if (row.command == command) return &row;
+      if (row.command.id == command) return &row;
     }
     return nullptr;
   }

@@ -21,11 +21,11 @@ void PopupMenus::Load(const MenuResource& resource, QMenuBar& bar) {
     QMenu& popup = Popup(row.text);
     popup.setObjectName(QStringLiteral("%1/%2").arg(resource.id).arg(bar.actions().size()));
     popup.clear();
-    for (const MenuItem& item : row.items) {
-      if (item.command == ID_SEPARATOR) {
+    for (const int command : row.commands) {
+      if (command == ID_SEPARATOR) {
         popup.addSeparator();
       } else {
-        popup.addAction(actions_.Action(item.command));
+        popup.addAction(actions_.Action(command));
       }
     }
     bar.addMenu(&popup);

@@ -18,6 +18,7 @@
 #include "platform/documents/doc_template.h"
 #include "platform/documents/frame_host.h"
 #include "platform/documents/win_app.h"
+#include "ui/commands/document_commands.h"
 #include "ui/commands/menu_builder.h"
 #include "ui/commands/toolbar_builder.h"
 #include "ui/dialogs/help_window.h"
@@ -34,27 +35,106 @@
 namespace quorvel {
 namespace {
 
+void ShowHelpPage(CMainFrame& frame) {
+  frame.OnHelp();
+}
+
 constexpr CommandRow<CMainFrame> kFrameCommands[] = {
-    {ID_APP_EXIT, [](CMainFrame& frame) { frame.close(); }},
-    {ID_VIEW_TOOLBAR, [](CMainFrame& frame) { frame.OnViewToolbar(); }, nullptr,
+    {{.id = ID_APP_EXIT,
+      .menuText = "E&xit",
+      .text = "Quit the editor; prompts to save maps\nExit",
+      .whatsThis = "Closes all maps and ends the editor."},
+     [](CMainFrame& frame) { frame.close(); }},
+    {{.id = ID_VIEW_TOOLBAR,
+      .menuText = "&Toolbar",
+      .text = "Show or hide the toolbar\nToolbar",
+      .whatsThis = "Shows or hides the row of buttons.",
+      .whileBusy = WhileBusy::Runs},
+     [](CMainFrame& frame) { frame.OnViewToolbar(); },
+     nullptr,
      [](const CMainFrame& frame) { return frame.IsToolbarShown(); }},
-    {ID_VIEW_STATUS_BAR, [](CMainFrame& frame) { frame.OnViewStatusBar(); }, nullptr,
+    {{.id = ID_VIEW_STATUS_BAR,
+      .menuText = "&Status Bar",
+      .text = "Show or hide the status bar\nStatus Bar",
+      .whatsThis = "Shows or hides the bar at the lower edge.",
+      .whileBusy = WhileBusy::Runs},
+     [](CMainFrame& frame) { frame.OnViewStatusBar(); },
+     nullptr,
      [](const CMainFrame& frame) { return frame.IsStatusBarShown(); }},
-    {ID_HELP_FINDER, [](CMainFrame& frame) { frame.OnHelp(); }},
-    {ID_HELP, [](CMainFrame& frame) { frame.OnHelp(); }},
-    {ID_DEFAULT_HELP, [](CMainFrame& frame) { frame.OnHelp(); }},
-    {ID_CONTEXT_HELP, [](CMainFrame&) { QWhatsThis::enterWhatsThisMode(); }},
-    {ID_NEXT_PANE, [](CMainFrame& frame) { frame.OnNextPane(1); }},
-    {ID_PREV_PANE, [](CMainFrame& frame) { frame.OnNextPane(-1); }},
+    {{.id = ID_HELP_FINDER,
+      .menuText = "&Help Topics",
+      .text = "List Help topics\nHelp Topics",
+      .whatsThis = "Opens the help in a window of its own.",
+      .whileBusy = WhileBusy::Runs},
+     ShowHelpPage},
+    {{.id = ID_HELP,
+      .keys = "F1",
+      .text = "Display help for the current task\nHelp",
+      .whatsThis = "Opens the help in a window of its own.",
+      .whileBusy = WhileBusy::Runs},
+     ShowHelpPage},
+    {{.id = ID_DEFAULT_HELP,
+      .text = "List Help topics\nHelp Topics",
+      .whatsThis = "Opens the help in a window of its own."},
+     ShowHelpPage},
+    {{.id = ID_CONTEXT_HELP,
+      .keys = "Shift+F1",
+      .text = "Display help for clicked on buttons and menus\nHelp",
+      .whatsThis =
+          "Turns the pointer into a question: click on a button or a menu item to read what it does."},
+     [](CMainFrame&) { QWhatsThis::enterWhatsThisMode(); }},
+    {{.id = ID_NEXT_PANE,
+      .keys = "F6",
+      .text = "Move to the next part of the window\nNext Pane",
+      .whatsThis = "Leads the keyboard from the map to the toolbar, to the tool options and back.",
+      .whileBusy = WhileBusy::Runs},
+     [](CMainFrame& frame) { frame.OnNextPane(1); }},
+    {{.id = ID_PREV_PANE,
+      .keys = "Shift+F6",
+      .text = "Move to the previous part of the window\nPrevious Pane",
+      .whatsThis = "Leads the keyboard from the map to the tool options, to the toolbar and back.",
+      .whileBusy = WhileBusy::Runs},
+     [](CMainFrame& frame) { frame.OnNextPane(-1); }},
 };
 
 /// Asked only while there is a map window.
 constexpr CommandRow<CMainFrame> kWindowCommands[] = {
-    {ID_WINDOW_NEW, [](CMainFrame& frame) { frame.OnWindowNew(); }},
-    {ID_WINDOW_CASCADE, [](CMainFrame& frame) { CascadeWindows(frame.MdiArea()); }},
-    {ID_WINDOW_TILE_HORZ, [](CMainFrame& frame) { frame.MdiArea().tileSubWindows(); }},
-    {ID_WINDOW_ARRANGE, [](CMainFrame& frame) { ArrangeIcons(frame.MdiArea()); }},
+    {{.id = ID_WINDOW_NEW,
+      .menuText = "&New Window",
+      .text = "Open another window for the active map\nNew Window",
+      .whatsThis = "Shows the same map in one more window, with a zoom and place of its own.",
+      .whileBusy = WhileBusy::Runs},
+     [](CMainFrame& frame) { frame.OnWindowNew(); }},
+    {{.id = ID_WINDOW_CASCADE,
+      .menuText = "&Cascade",
+      .text = "Arrange windows so they overlap\nCascade Windows",
+      .whatsThis = "Lays the map windows over each other so that every title is seen.",
+      .whileBusy = WhileBusy::Runs},
+     [](CMainFrame& frame) { CascadeWindows(frame.MdiArea()); }},
+    {{.id = ID_WINDOW_TILE_HORZ,
+      .menuText = "&Tile",
+      .text = "Arrange windows as non-overlapping tiles\nTile Windows",
+      .whatsThis = "Lays the map windows side by side over the whole area.",
+      .whileBusy = WhileBusy::Runs},
+     [](CMainFrame& frame) { frame.MdiArea().tileSubWindows(); }},
+    {{.id = ID_WINDOW_ARRANGE,
+      .menuText = "&Arrange Icons",
+      .text = "Arrange icons at the bottom of the window\nArrange Icons",
+      .whatsThis = "Lines up minimized windows along the lower edge.",
+      .whileBusy = WhileBusy::Runs},
+     [](CMainFrame& frame) { ArrangeIcons(frame.MdiArea()); }},
 };
+
+CommandList EveryCommand(const CommandTarget& applicationCommands) {
+  CommandList commands;
+  AddCommands(CMapView::CommandRows(), commands);
+  AddCommands(DocumentCommands(), commands);
+  AddCommands<CMainFrame>(kFrameCommands, commands);
+  AddCommands<CMainFrame>(kWindowCommands, commands);
+  applicationCommands.AddTo(commands);
+  for (const Command& command : UnhandledCommands()) commands.push_back(&command);
+  return commands;
+}
 
 /// Gives the focus to the pane or to the first control in it that takes it.
 bool TakeFocus(QWidget& pane) {
@@ -93,13 +173,14 @@ CMainFrame::CMainFrame(CWinApp& application, FrameHost& frames, CommandTarget& a
       commands_(*this, kFrameCommands),
       windowCommands_(*this, kWindowCommands),
       actions_(new CommandActions(
-          *this, [this] { return CommandChain(); }, [this] { return application_.IsBusy(); })),
+          *this, EveryCommand(applicationCommands), [this] { return CommandChain(); },
+          [this] { return application_.IsBusy(); })),
       menus_(*actions_, *this),
       mdiArea_(new QMdiArea(this)),
       windowList_(new WindowList(*mdiArea_)),
       toolbar_(new QToolBar(this)),
       toolOptionsBar_(new CToolOptionsBar(this)),
-      statusBar_(new CStatusBar(this)) {
+      statusBar_(new CStatusBar(actions_->Action(ID_GO_TO_CELL)->toolTip(), this)) {
   setObjectName(QString::number(IDR_MAINFRAME));
   setWindowIcon(ApplicationIcon());
   setCentralWidget(mdiArea_);

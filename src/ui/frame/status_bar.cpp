@@ -29,11 +29,12 @@ int RoomBeside(const QLabel& pane) {
 
 }  // namespace
 
-CStatusBar::CStatusBar(QWidget* parent)
+CStatusBar::CStatusBar(const QString& positionTip, QWidget* parent)
     : QStatusBar(parent),
       messagePane_(MakePane(ID_SEPARATOR, *this)),
       positionPane_(MakePane(ID_INDICATOR_POSITION, *this)),
       progress_(new QProgressBar(this)),
+      positionTip_(positionTip),
       message_(FromResource(FindString(IDS_IDLE_MESSAGE).text)) {
   setObjectName(QString::number(AFX_IDW_STATUS_BAR));
   // A long message must not widen the window; it is cut at the pane's edge.
@@ -114,7 +115,7 @@ void CStatusBar::ShowPosition() {
   const bool isCut = shown != position_;
   positionPane_->setText(shown);
   positionPane_->setAccessibleName(isCut ? position_ : QString());
-  positionPane_->setToolTip(isCut ? position_ : FromResource(TooltipOf(ID_GO_TO_CELL)));
+  positionPane_->setToolTip(isCut ? position_ : positionTip_);
 }
 
 void CStatusBar::PlaceProgress() {

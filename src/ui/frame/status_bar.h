@@ -12,7 +12,8 @@ namespace quorvel {
 class CStatusBar : public QStatusBar {
   Q_OBJECT
  public:
-  explicit CStatusBar(QWidget* parent);
+  /// `positionTip` says what a click on the position does.
+  CStatusBar(const QString& positionTip, QWidget* parent);
 
   void SetMessageText(const QString& text);
   /// Covers the message while a menu item is lit; an empty prompt uncovers it.
@@ -37,6 +38,7 @@ class CStatusBar : public QStatusBar {
   QLabel* messagePane_;
   QLabel* positionPane_;
   QProgressBar* progress_;
+  const QString positionTip_;
   QString message_;
   QString position_;
 };

@@ -18,10 +18,11 @@ CToolOptionsBar::CToolOptionsBar(QWidget* parent) : QToolBar(parent), controls_(
   });
   memberCombo_ = FindControl<QComboBox>(*controls_, IDC_TOOL_MEMBER);
   memberCombo_->setEnabled(false);
-  memberCombo_->setAccessibleDescription(FromResource(TooltipOf(IDC_TOOL_MEMBER)));
-  memberCombo_->setToolTip(FromResource(TooltipOf(IDC_TOOL_MEMBER)));
-  memberCombo_->setStatusTip(FromResource(PromptOf(IDC_TOOL_MEMBER)));
-  memberCombo_->setWhatsThis(FromResource(FindString(IDC_TOOL_MEMBER).whatsThis));
+  const StringRow& row = FindString(IDC_TOOL_MEMBER);
+  memberCombo_->setAccessibleDescription(FromResource(TooltipOf(row.text)));
+  memberCombo_->setToolTip(FromResource(TooltipOf(row.text)));
+  memberCombo_->setStatusTip(FromResource(PromptOf(row.text)));
+  memberCombo_->setWhatsThis(FromResource(row.whatsThis));
 
   connect(memberCombo_, &QComboBox::currentIndexChanged, this,
           [this](int position) { emit Command(IDC_TOOL_MEMBER, kSelectionChanged, position); });

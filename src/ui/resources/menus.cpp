@@ -5,71 +5,42 @@
 namespace quorvel {
 namespace {
 
-constexpr MenuItem kSeparator = {"", ID_SEPARATOR};
-
-constexpr MenuItem kFrameFile[] = {
-    {"&New\tCtrl+N", ID_FILE_NEW},
-    {"&Open...\tCtrl+O", ID_FILE_OPEN},
-    {"Wizard...", ID_WIZARD},
-    kSeparator,
-    {"P&rint Setup...", ID_FILE_PRINT_SETUP},
-    kSeparator,
-    {"Recent File", ID_FILE_MRU_FILE1},
-    kSeparator,
-    {"E&xit", ID_APP_EXIT},
+constexpr int kFrameFile[] = {
+    ID_FILE_NEW,  ID_FILE_OPEN,      ID_WIZARD,    ID_SEPARATOR, ID_FILE_PRINT_SETUP,
+    ID_SEPARATOR, ID_FILE_MRU_FILE1, ID_SEPARATOR, ID_APP_EXIT,
 };
 
-constexpr MenuItem kFrameView[] = {
-    {"&Toolbar", ID_VIEW_TOOLBAR},
-    {"&Status Bar", ID_VIEW_STATUS_BAR},
+constexpr int kFrameView[] = {
+    ID_VIEW_TOOLBAR,
+    ID_VIEW_STATUS_BAR,
 };
 
-constexpr MenuItem kHelp[] = {
-    {"&Help Topics", ID_HELP_FINDER},
-    kSeparator,
-    {"&About Quorvel...", ID_APP_ABOUT},
+constexpr int kHelp[] = {
+    ID_HELP_FINDER,
+    ID_SEPARATOR,
+    ID_APP_ABOUT,
 };
 
-constexpr MenuItem kMapFile[] = {
-    {"&New\tCtrl+N", ID_FILE_NEW},
-    {"&Open...\tCtrl+O", ID_FILE_OPEN},
-    {"&Close", ID_FILE_CLOSE},
-    {"&Save\tCtrl+S", ID_FILE_SAVE},
-    {"Save &As...", ID_FILE_SAVE_AS},
-    {"Wizard...", ID_WIZARD},
-    kSeparator,
-    {"&Print...\tCtrl+P", ID_FILE_PRINT},
-    {"Print Pre&view", ID_FILE_PRINT_PREVIEW},
-    {"P&rint Setup...", ID_FILE_PRINT_SETUP},
-    kSeparator,
-    {"Recent File", ID_FILE_MRU_FILE1},
-    kSeparator,
-    {"E&xit", ID_APP_EXIT},
+constexpr int kMapFile[] = {
+    ID_FILE_NEW,  ID_FILE_OPEN,      ID_FILE_CLOSE, ID_FILE_SAVE,          ID_FILE_SAVE_AS,
+    ID_WIZARD,    ID_SEPARATOR,      ID_FILE_PRINT, ID_FILE_PRINT_PREVIEW, ID_FILE_PRINT_SETUP,
+    ID_SEPARATOR, ID_FILE_MRU_FILE1, ID_SEPARATOR,  ID_APP_EXIT,
 };
 
-constexpr MenuItem kMapEdit[] = {
-    {"&Undo\tCtrl+Z", ID_EDIT_UNDO},
-    kSeparator,
-    {"Cu&t\tCtrl+X", ID_EDIT_CUT},
-    {"&Copy\tCtrl+C", ID_EDIT_COPY},
-    {"&Paste\tCtrl+V", ID_EDIT_PASTE},
-    kSeparator,
-    {"Select &All\tCtrl+A", ID_EDIT_SELECT_ALL},
-    {"&Deselect\tCtrl+D", ID_EDIT_DESELECT},
-    {"Select &Reqion...", ID_SELECT_REGION},
-    {"&Fill Selected...", ID_FILL_SELECTED},
+constexpr int kMapEdit[] = {
+    ID_EDIT_UNDO, ID_SEPARATOR,       ID_EDIT_CUT,      ID_EDIT_COPY,     ID_EDIT_PASTE,
+    ID_SEPARATOR, ID_EDIT_SELECT_ALL, ID_EDIT_DESELECT, ID_SELECT_REGION, ID_FILL_SELECTED,
 };
 
-constexpr MenuItem kMapView[] = {
-    {"&Toolbar", ID_VIEW_TOOLBAR},  {"&Status Bar", ID_VIEW_STATUS_BAR}, kSeparator,
-    {"&Filter...", ID_VIEW_FILTER}, {"Zoom &In\t+", ID_ZOOM_IN},         {"Zoom &Out\t-", ID_ZOOM_OUT},
+constexpr int kMapView[] = {
+    ID_VIEW_TOOLBAR, ID_VIEW_STATUS_BAR, ID_SEPARATOR, ID_VIEW_FILTER, ID_ZOOM_IN, ID_ZOOM_OUT,
 };
 
-constexpr MenuItem kMapWindow[] = {
-    {"&New Window", ID_WINDOW_NEW},
-    {"&Cascade", ID_WINDOW_CASCADE},
-    {"&Tile", ID_WINDOW_TILE_HORZ},
-    {"&Arrange Icons", ID_WINDOW_ARRANGE},
+constexpr int kMapWindow[] = {
+    ID_WINDOW_NEW,
+    ID_WINDOW_CASCADE,
+    ID_WINDOW_TILE_HORZ,
+    ID_WINDOW_ARRANGE,
 };
 
 constexpr PopupMenu kFrameMenu[] = {{"&File", kFrameFile}, {"&View", kFrameView}, {"&Help", kHelp}};

@@ -5,15 +5,10 @@
 
 namespace quorvel {
 
-/// A row of a popup menu; command 0 is a separator. Behind "\t" stands the key that is shown for it.
-struct MenuItem {
-  std::string_view text;
-  int command;
-};
-
+/// Its commands by their numbers, whose rows say what their items show; 0 is a separator.
 struct PopupMenu {
   std::string_view text;
-  std::span<const MenuItem> items;
+  std::span<const int> commands;
 };
 
 /// A whole menu bar. 100 is the main frame's without a map, 101 and 102 those of the two document types.

@@ -31,9 +31,25 @@ constexpr int kFrameMs = 16;
 constexpr MapRect kEmptyExtent = {0, 0, 10, 10};
 
 constexpr CommandRow<CMapView> kViewCommands[] = {
-    {ID_ZOOM_IN, [](CMapView& view) { view.OnZoomIn(); }},
-    {ID_ZOOM_OUT, [](CMapView& view) { view.OnZoomOut(); }},
-    {ID_GO_TO_CELL, [](CMapView& view) { view.OnGoToCell(); },
+    {{.id = ID_ZOOM_IN,
+      .menuText = "Zoom &In",
+      .keys = "+ =",
+      .text = "Zoom In\nZoom In ( ] )",
+      .whatsThis = "Draws cells 10 pixels larger, up to 100.",
+      .whileBusy = WhileBusy::Runs},
+     [](CMapView& view) { view.OnZoomIn(); }},
+    {{.id = ID_ZOOM_OUT,
+      .menuText = "Zoom &Out",
+      .keys = "-",
+      .text = "Zoom Out\nZoom Out ( [ )",
+      .whatsThis = "Draws cells 10 pixels smaller, down to 10.",
+      .whileBusy = WhileBusy::Runs},
+     [](CMapView& view) { view.OnZoomOut(); }},
+    {{.id = ID_GO_TO_CELL,
+      .keys = "Ctrl+G",
+      .text = "Go to a cell of the map\nGo To Cell (Ctrl+G)",
+      .whatsThis = "Asks for a column and a row, or an index, and scrolls that cell into sight."},
+     [](CMapView& view) { view.OnGoToCell(); },
      [](const CMapView& view) { return view.HasGrid(); }},
 };
 
@@ -55,6 +71,10 @@ CMapView::CMapView(const CWinApp& application)
 }
 
 CMapView::~CMapView() = default;
+
+std::span<const CommandRow<CMapView>> CMapView::CommandRows() {
+  return kViewCommands;
+}
 
 CVastrelDoc* CMapView::Document() const {
   return static_cast<CVastrelDoc*>(GetDocument());

@@ -32,6 +32,7 @@ class CMapView : public QAbstractScrollArea, public CView {
   /// Whether there is a map to see.
   bool HasGrid() const;
   CommandTarget& Commands() { return commands_; }
+  static std::span<const CommandRow<CMapView>> CommandRows();
 
   /// Called once, when the view has its document and its place.
   void OnInitialUpdate();

@@ -7,10 +7,8 @@
 
 #include "tests/ui/editor.h"
 #include "ui/frame/window_list.h"
-#include "ui/resources/accelerators.h"
 #include "ui/resources/menus.h"
 #include "ui/resources/shown_text.h"
-#include "ui/resources/string_table.h"
 #include "ui/resources/toolbar.h"
 
 namespace quorvel {
@@ -29,18 +27,15 @@ QList<QAction*> ItemsOfTable(const QMenu& menu) {
 void ExpectMenu(const PopupMenu& expected, const QMenu& built) {
   EXPECT_EQ(built.title(), FromResource(expected.text));
   const QList<QAction*> items = ItemsOfTable(built);
-  ASSERT_EQ(items.size(), static_cast<qsizetype>(expected.items.size()));
-  for (std::size_t place = 0; place < expected.items.size(); ++place) {
-    const MenuItem& row = expected.items[place];
-    SCOPED_TRACE(row.text);
+  ASSERT_EQ(items.size(), static_cast<qsizetype>(expected.commands.size()));
+  std::set<QString> texts;
+  for (std::size_t place = 0; place < expected.commands.size(); ++place) {
     const QAction& item = *items[static_cast<qsizetype>(place)];
-    EXPECT_EQ(item.isSeparator(), row.command == ID_SEPARATOR);
+    SCOPED_TRACE(expected.commands[place]);
+    EXPECT_EQ(item.isSeparator(), expected.commands[place] == ID_SEPARATOR);
     if (item.isSeparator()) continue;
-    const qsizetype tab = static_cast<qsizetype>(row.text.find('\t'));
-    EXPECT_EQ(item.objectName(), QString::number(row.command));
-    if (row.command == ID_FILE_MRU_FILE1) continue;  // names the files, once there are some
-    EXPECT_EQ(item.text(), FromResource(row.text).left(tab));
-    EXPECT_EQ(item.shortcut().toString(), tab < 0 ? QString() : FromResource(row.text).mid(tab + 1));
+    EXPECT_EQ(item.objectName(), QString::number(expected.commands[place]));
+    EXPECT_TRUE(texts.insert(item.text()).second) << "two items with one text";
   }
 }
 
@@ -63,30 +58,22 @@ TEST(ResourceTables, MenusAreBuiltAsTheyStand) {
   }
 }
 
-TEST(ResourceTables, EveryCommandHasItsTexts) {
+TEST(ResourceTables, ACommandsRowIsAllOfIt) {
   Editor editor;
-  for (const int command : editor.Frame().Actions().Commands()) {
-    SCOPED_TRACE(command);
-    if (command > ID_FILE_MRU_FILE1 && command < ID_FILE_MRU_FILE1 + kRecentFileItems) continue;
-    const QAction& action = editor.Action(command);
-    EXPECT_FALSE(FindString(command).text.empty());
-    EXPECT_EQ(action.statusTip(), FromResource(PromptOf(command)));
-    EXPECT_EQ(action.toolTip(), FromResource(TooltipOf(command)));
+  std::set<QKeySequence> keys;
+  std::set<int> ids;
+  for (const Command* command : editor.Frame().Actions().Commands()) {
+    SCOPED_TRACE(command->id);
+    EXPECT_TRUE(ids.insert(command->id).second) << "two rows for one command";
+    const QAction& action = editor.Action(command->id);
+    EXPECT_FALSE(action.statusTip().isEmpty());
+    EXPECT_FALSE(action.toolTip().isEmpty());
     EXPECT_TRUE(action.whatsThis().endsWith(u'.')) << "no sentence: " << action.whatsThis().toStdString();
-  }
-}
-
-TEST(ResourceTables, KeysLeadToOneCommandEach) {
-  Editor editor;
-  std::set<QString> keys;
-  std::vector<Accelerator> rows(std::begin(kAccelerators), std::end(kAccelerators));
-  rows.insert(rows.end(), std::begin(kFurtherKeys), std::end(kFurtherKeys));
-  for (const Accelerator& row : rows) {
-    SCOPED_TRACE(row.key);
-    EXPECT_TRUE(keys.insert(row.key).second) << "the key has two commands";
-    const QKeySequence key(QLatin1String(row.key), QKeySequence::PortableText);
-    EXPECT_EQ(key.count(), 1);
-    EXPECT_TRUE(editor.Action(row.command).shortcuts().contains(key));
+    EXPECT_EQ(action.shortcuts().size(), FromResource(command->keys).split(' ', Qt::SkipEmptyParts).size());
+    for (const QKeySequence& key : action.shortcuts()) {
+      EXPECT_EQ(key.count(), 1);
+      EXPECT_TRUE(keys.insert(key).second) << "the key has two commands: " << key.toString().toStdString();
+    }
   }
 }
 
@@ -102,7 +89,7 @@ TEST(ResourceTables, ToolbarButtonsStandInOrderWithIconsAndNames) {
     EXPECT_EQ(actions[place]->isSeparator(), command == ID_SEPARATOR);
     if (command == ID_SEPARATOR) continue;
     EXPECT_FALSE(actions[place]->icon().pixmap(16, 16).isNull());
-    EXPECT_EQ(toolbar->widgetForAction(actions[place])->accessibleName(), FromResource(TooltipOf(command)));
+    EXPECT_EQ(toolbar->widgetForAction(actions[place])->accessibleName(), actions[place]->toolTip());
   }
 }
 
