@@ -371,6 +371,23 @@ TEST(CellPropertiesPage, PickerMovesTheCurrentValue) {
   });
 }
 
+TEST(CellPropertiesPage, TheCurrentValuesRowOutlivesAChangeOfProperty) {
+  CellPageRun run(Region);
+  run.Run([&] {
+    run.Add(3);
+    run.ClickValue(2);
+    run.Choose(Planet::kCount);
+    EXPECT_FALSE(run.Picker().CurrentValue()) << "the value that the picker moved is not in sight";
+    run.Add(3);
+    EXPECT_FALSE(run.Picker().CurrentValue()) << "only the first value of all becomes current by itself";
+    PressKey(run.Values(), Qt::Key_F2);
+    ASSERT_TRUE(run.Editor());
+    QTest::keyClicks(run.Editor(), "55");
+    PressKey(*run.Editor(), Qt::Key_Return);
+    EXPECT_EQ(run.Text(2, ValueListModel::kValue), "55");
+  });
+}
+
 TEST(CellPropertiesPage, PickerDrawsACircleAmongCrosses) {
   CellPageRun run(Region);
   run.Run([&] {

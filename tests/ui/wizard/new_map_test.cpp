@@ -3,6 +3,7 @@
 #include <QListWidget>
 #include <QMessageBox>
 #include <QProgressBar>
+#include <QScrollBar>
 #include <QSlider>
 
 #include "map/document/editing.h"
@@ -152,6 +153,9 @@ TEST(NewMap, ACancelledWizardLeavesTheEmptyMap) {
   EXPECT_EQ(document.m_pGrid->Height(), 6);
   EXPECT_EQ(document.m_pGrid->Count(), 0);
   EXPECT_FALSE(document.IsModified());
+  const QScrollBar& down = *editor.View().verticalScrollBar();
+  EXPECT_EQ(down.singleStep(), 100) << "the view was told of the grid";
+  EXPECT_EQ(down.maximum(), std::max(0, 650 - editor.View().viewport()->height()));
   EXPECT_EQ(editor.Frame().ToolOptionsBar().MemberCombo().count(), 2) << "the bar knows the new members";
 }
 
@@ -220,6 +224,9 @@ TEST(NewMap, TheWindowLivesWhileTheMapIsFilled) {
          {ID_FILE_NEW, ID_FILE_OPEN, ID_FILE_SAVE, ID_FILE_SAVE_AS, ID_FILE_CLOSE, ID_FILE_PRINT,
           ID_FILE_PRINT_PREVIEW, ID_VIEW_FILTER, ID_EDIT_SELECT_ALL, ID_TOOL_CELL_PROPERTY, ID_APP_EXIT})
       EXPECT_FALSE(editor.Action(command).isEnabled()) << command;
+    EXPECT_TRUE(QGuiApplication::overrideCursor());
+    EXPECT_EQ(QGuiApplication::overrideCursor()->shape(), Qt::WaitCursor);
+    editor.app.OnIdle();
     EXPECT_FALSE(editor.Frame().close());
     EXPECT_FALSE(editor.Frame().ActiveFrame()->close());
     editor.Action(ID_ZOOM_OUT).trigger();
@@ -231,6 +238,7 @@ TEST(NewMap, TheWindowLivesWhileTheMapIsFilled) {
   whileFilling.start(1);
   editor.Run(ID_FILE_NEW);
   EXPECT_GT(looks, 3);
+  EXPECT_FALSE(QGuiApplication::overrideCursor());
   ASSERT_TRUE(paints);
   EXPECT_GT(paints->count, 0);
 
