@@ -4,7 +4,7 @@
 #include "cli/one_standard_input.h"
 #include "cli/progress_bar.h"
 #include "cli/read_outcome.h"
-#include "map/check/control_escapes.h"
+#include "data/control_escapes.h"
 #include "map/check/map_check.h"
 #include "map/file/whole_input.h"
 #include "map/types/map_limits.h"

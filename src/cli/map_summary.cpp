@@ -6,10 +6,10 @@
 
 #include <fmt/format.h>
 
+#include "data/control_escapes.h"
 #include "data/index_member.h"
 #include "data/slot.h"
 #include "data/string_member.h"
-#include "map/check/control_escapes.h"
 
 namespace quorvel {
 

@@ -8,8 +8,8 @@
 #include <vector>
 
 #include "data/c_numbers.h"
+#include "data/control_escapes.h"
 #include "data/string_member.h"
-#include "map/check/control_escapes.h"
 
 namespace quorvel {
 
