@@ -1,9 +1,11 @@
 #include "map/check/map_check_values.h"
 
 #include <charconv>
+#include <cmath>
 
 #include <fmt/format.h>
 
+#include "data/c_numbers.h"
 #include "data/index_member.h"
 #include "data/list_def.h"
 #include "data/slot.h"
@@ -42,8 +44,14 @@ bool IsWholeText(std::string_view text) {
   return error != std::errc::invalid_argument && end == text.data() + text.size();
 }
 
-bool IsNumberText(const MemberDef& member, std::string_view text) {
-  return member.GetKind() == MemberKind::Float ? IsWholeText<double>(text) : IsWholeText<std::int32_t>(text);
+/// Infinite numbers and NaN as the writer writes them, with a point that makes them floats.
+bool IsWrittenText(float number, std::string_view text) {
+  return !std::isfinite(number) && text == FormatFloat(number) + '.';
+}
+
+bool IsNumberText(const MemberDef& member, const void* slot, std::string_view text) {
+  if (member.GetKind() != MemberKind::Float) return IsWholeText<std::int32_t>(text);
+  return IsWholeText<double>(text) || IsWrittenText(LoadSlot<float>(slot), text);
 }
 
 }  // namespace
@@ -69,7 +77,7 @@ std::optional<std::string> ValueTextProblem(const MemberDef& member, std::string
   if (member.GetKind() == MemberKind::String) return {};
   std::uint32_t slot = 0;
   member.StoreText(&slot, text);
-  if (IsNumberText(member, text)) return ValueProblem(member, &slot);
+  if (IsNumberText(member, &slot, text)) return ValueProblem(member, &slot);
   return member.GetKind() == MemberKind::Float
              ? fmt::format("{} is no number, \"{}\" is read as {}", member.GetName(), text,
                            LoadSlot<float>(&slot))

@@ -66,6 +66,20 @@ struct CheckRow {
   const char* problem;  ///< the only one
 };
 
+// With the point that the text form ends them with; the range of Weight is taken away.
+TEST(MapCheck, NumbersThatAreNoneAreSoundAsTheWriterWritesThem) {
+  MapContents map =
+      ContentsOf(Replaced(SampleClasses(), "0<1.5<9", "0") + Lines("[Classes/Kind/UI/Color] 0=1 1=2 2=3"));
+  MakeGrid(map, 3, 2);
+  const char* const texts[] = {"inf", "-inf", "nan", "-nan"};
+  for (int cell = 0; cell < 4; ++cell) SetValue(map, cell, "Weight", texts[cell]);
+  const std::string text = SavedAs(map, kTextForm);
+  EXPECT_THAT(text, testing::HasSubstr("Weight=-nan.\r\n"));
+  EXPECT_THAT(Problems(text), IsEmpty());
+  EXPECT_THAT(Problems(SavedAs(map, kBinaryForm)), IsEmpty());
+  EXPECT_THAT(Problems(Replaced(text, "=nan.", "=nan..")), testing::SizeIs(1));
+}
+
 TEST(MapCheck, OneFaultOfATextMapIsOneProblemWithItsLine) {
   const CheckRow rows[] = {
       // the head
