@@ -59,7 +59,8 @@ class CheckCommand : public Command {
 
   static void Print(Results& out, const std::string& path, const Problem& problem) {
     std::string& line = out.Line();
-    (line += path) += ": ";
+    AppendWithEscapes(line, path);
+    line += ": ";
     if (problem.line != 0) (line += std::to_string(problem.line)) += ": ";
     AppendWithEscapes(line, problem.text);
     out.EndLine();

@@ -12,13 +12,14 @@ inline constexpr std::string_view kStandardStream = "-";
 /// Whether long work shows a progress bar.
 enum class ProgressDisplay { OnTerminal, Never };
 
-/// Where a run of the tool speaks: results to standard output, everything else to standard error.
+/// Where a run of the tool speaks: results to standard output, everything else to standard error. Messages
+/// show control bytes as %XX.
 class Console {
  public:
   /// Tells about a file, one message for each line of `text`.
   void Complain(std::string_view file, std::string_view text);
 
-  /// Tells about the run itself.
+  /// Tells about the run itself, in one line.
   void Complain(std::string_view text);
 
   Results& Out() { return results_; }

@@ -9,6 +9,8 @@
 
 #include <fmt/format.h>
 
+#include "data/control_escapes.h"
+
 namespace quorvel {
 
 namespace {
@@ -27,8 +29,8 @@ int TerminalColumns() {
 
 std::string ProgressLine(int percent, std::string_view message, int columns) {
   const int filled = std::clamp(percent, 0, 100) * kGaugeColumns / 100;
-  std::string line =
-      fmt::format("[{:#<{}}{:.<{}}] {:3} % {}", "", filled, "", kGaugeColumns - filled, percent, message);
+  std::string line = fmt::format("[{:#<{}}{:.<{}}] {:3} % {}", "", filled, "", kGaugeColumns - filled,
+                                 percent, WithEscapes(message));
   // The last column stays free: a full line would make some terminals scroll.
   if (std::cmp_greater_equal(line.size(), columns))
     line.resize(static_cast<std::size_t>(std::max(columns - 1, 0)));

@@ -1,6 +1,4 @@
-#include <algorithm>
 #include <array>
-#include <cctype>
 #include <charconv>
 #include <cstdlib>
 
@@ -11,6 +9,8 @@
 #include "cli/one_standard_input.h"
 #include "cli/progress_bar.h"
 #include "cli/tree_file.h"
+#include "data/ascii_case.h"
+#include "data/control_escapes.h"
 #include "map/fill/fill_settings.h"
 #include "map/fill/map_filter.h"
 #include "platform/files/atomic_file.h"
@@ -22,15 +22,10 @@ namespace {
 
 enum class PictureForm { Png, Pdf };
 
-bool EndsWith(std::string path, std::string_view extension) {
-  std::transform(path.begin(), path.end(), path.begin(), [](unsigned char c) { return std::tolower(c); });
-  return path.ends_with(extension);
-}
-
 /// Standard output gets a PNG.
 PictureForm FormOf(const std::string& out) {
-  if (out == kStandardStream || EndsWith(out, ".png")) return PictureForm::Png;
-  if (EndsWith(out, ".pdf")) return PictureForm::Pdf;
+  if (out == kStandardStream || EndsWithIgnoringCase(out, ".png")) return PictureForm::Png;
+  if (EndsWithIgnoringCase(out, ".pdf")) return PictureForm::Pdf;
   throw CLI::ValidationError("OUT", out + " ends neither with .png nor with .pdf");
 }
 
@@ -130,7 +125,7 @@ class RenderCommand : public Command {
     for (const auto& [option, name] :
          {std::pair{"--fill", &request_.fillMember}, {"--outline", &request_.outlineMember}}) {
       if (name->empty() || IsIndexMember(cellClass, *name)) continue;
-      console.Complain(file_, std::string(option) + ": the map has no index property " + *name);
+      console.Complain(file_, std::string(option) + ": the map has no index property " + WithEscapes(*name));
       return false;
     }
     return true;

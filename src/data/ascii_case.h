@@ -15,4 +15,8 @@ constexpr bool EqualIgnoringCase(std::string_view a, std::string_view b) {
                     [](char x, char y) { return AsciiLower(x) == AsciiLower(y); });
 }
 
+constexpr bool EndsWithIgnoringCase(std::string_view text, std::string_view ending) {
+  return text.size() >= ending.size() && EqualIgnoringCase(text.substr(text.size() - ending.size()), ending);
+}
+
 }  // namespace quorvel

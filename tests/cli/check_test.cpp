@@ -32,6 +32,9 @@ TEST(Check, IsSilentWhenAllIsWellAndNamesFilesAndLines) {
   EXPECT_THAT(worse.err, StartsWith("quorvel-map: " + (folder / "missing.vrl") + ": "));
   EXPECT_THAT(worse.out, StartsWith(bad + ": "));
 
+  const ToolRun odd = RunMapTool({"check", folder.Write("odd\x1b\n.vrl", ReadBytes(bad))});
+  EXPECT_THAT(odd.out, StartsWith(folder / "odd%1B%0A.vrl: 50: "));
+
   const ToolRun refused = RunOn(Replaced(MapText(), "Width=3", "Width=0"), {"check", "-"});
   EXPECT_EQ(refused.code, 1);
   EXPECT_THAT(refused.out, StartsWith("-: "));

@@ -66,6 +66,9 @@ TEST(Usage, WrongArgumentsAreNamed) {
       {{}, "a command is missing; the commands are new, convert, rewrite, info, check, diff, render, dump\n"},
       {{"draw", "a.vrl"}, "there is no command draw; the commands are new, convert"},
       {{"new", "--form", "xml", "out.vrl"}, "xml is no file form; there are text and binary\n"},
+      {{"dr\x1b[2J\n", "a.vrl"}, "quorvel-map: there is no command dr%1B[2J%0A; the commands are new"},
+      {{"info", "a.vrl", "b\x9b\n"}, "b%9B%0A\n"},
+      {{"info", "mis\nsing\xc2\x9b"}, "quorvel-map: mis%0Asing%C2%9B: "},
       {{"diff", "-", "-"}, "standard input can be read only once\n"},
       {{"render", "--fill", "", "in.vrl", "out.png"}, "the empty name is no index property\n"},
   };

@@ -6,6 +6,7 @@
 #include <fmt/format.h>
 
 #include "data/c_numbers.h"
+#include "data/control_escapes.h"
 #include "data/slot.h"
 
 namespace quorvel {
@@ -73,7 +74,7 @@ bool ReadSettings(const DataBranch* branch, SettingForm form, const ClassDef* ce
       ReadSetting(*setting, form.spread, list.Add(member, form.control));
     } else {
       errorText += fmt::format("Setting \"{}/{}\": there is no cell property \"{}\".\n", branch->GetName(),
-                               setting->GetName(), name);
+                               WithEscapes(setting->GetName()), WithEscapes(name));
       good = false;
     }
   }

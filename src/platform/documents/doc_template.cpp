@@ -18,8 +18,7 @@ DocumentStrings ParseDocumentString(std::string_view text) {
 
 bool CMultiDocTemplateWithID::MatchesPath(std::string_view path) const {
   const std::string& extension = strings_.filterExt;
-  if (extension.empty() || path.size() <= extension.size()) return false;
-  return EqualIgnoringCase(path.substr(path.size() - extension.size()), extension);
+  return !extension.empty() && path.size() > extension.size() && EndsWithIgnoringCase(path, extension);
 }
 
 std::unique_ptr<CDocument> CMultiDocTemplateWithID::CreateNewDocument(DocumentOwner& owner) const {

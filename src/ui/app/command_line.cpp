@@ -2,14 +2,26 @@
 
 #include <CLI/CLI.hpp>
 
+#include "data/control_escapes.h"
 #include "ui/resources/version_info.h"
 
 namespace quorvel {
+
+namespace {
+
+/// What the library says, with the arguments in it as a terminal can show them.
+std::string FailureMessage(const CLI::App* program, const CLI::Error& error) {
+  return CLI::FailureMessage::simple(
+      program, CLI::Error(error.get_name(), WithEscapes(error.what()), error.get_exit_code()));
+}
+
+}  // namespace
 
 CommandLineResult ParseCommandLine(int argc, const char* const* argv) {
   CommandLineResult result;
   CCommandLineInfo& info = result.info;
   CLI::App program("Edits hexagonal galaxy maps (.vrl, .gdf).", "quorvel");
+  program.failure_message(&FailureMessage);
   program.set_version_flag("--version", std::string(kProductName) + " " + kFileVersion);
   program.add_option("FILE", info.m_files, "Maps to open; with none, no map is opened");
   bool prints = false;

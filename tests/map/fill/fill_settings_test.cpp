@@ -82,8 +82,8 @@ TEST(FillSettings, RefusesByName) {
     std::string text, errorText;
   };
   const Row rows[] = {{Lines("[Map] Width=3"), "Settings \"Fill\" not found.\n"},
-                      {Lines("[Fill/Global/0] member='Weather' [Fill/Region/1] coverage=3"),
-                       "Setting \"Global/0\": there is no cell property \"Weather\".\n"
+                      {Lines("[Fill/Global/0] member='Wea\x1bther' [Fill/Region/1] coverage=3"),
+                       "Setting \"Global/0\": there is no cell property \"Wea%1Bther\".\n"
                        "Setting \"Region/1\": there is no cell property \"\".\n"}};
   const MapContents contents = ContentsOfEveryKind();
   for (const Row& row : rows) {

@@ -41,6 +41,16 @@ TEST(CommandLine, TellsWhatToDo) {
   }
 }
 
+TEST(CommandLine, TellsWrongArgumentsWithoutControlBytes) {
+  const char* const arguments[] = {"quorvel", "--no\x1b[2J\n\x9b"};
+  testing::internal::CaptureStderr();
+  const CommandLineResult result = ParseCommandLine(2, arguments);
+  EXPECT_TRUE(result.isDone);
+  EXPECT_EQ(
+      testing::internal::GetCapturedStderr(),
+      "The following argument was not expected: --no%1B[2J%0A%9B\nRun with --help for more information.\n");
+}
+
 TEST(ShellRegistration, WritesTypesAndEntryOnceAndOnlyWhenChanged) {
   Editor editor;
   const std::string entry = editor.folder.Read("data/applications/quorvel.desktop");
