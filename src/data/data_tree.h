@@ -19,6 +19,14 @@ enum class NodeKind : std::int32_t { Leaf = 0, Branch = 1 };
 /// How the text form writes a leaf's value. Any other code is kept and written like Int.
 enum class ValueType : std::int32_t { Int = 0, Float = 1, String = 2 };
 
+/// What ends a line of text.
+enum class LineEnds {
+  /// CR, and any LF that follows; within a line an LF is a byte like any other.
+  CarriageReturn,
+  /// LF, CR or CR LF, as other programs leave them; a byte order mark at the start is skipped.
+  Any
+};
+
 /// Cuts `path` at its first '/' or '\': answers what stands before it and leaves what follows. Without a
 /// separator the whole path is the head and nothing is left.
 std::string_view PopPathHead(std::string_view& path);
@@ -156,7 +164,7 @@ class DataBranch : public DataNode {
   std::int32_t CountBranches() const { return static_cast<std::int32_t>(branchCount_); }
 
   /// Reads a text form whole, adding to what is there. A null stream reads nothing.
-  void ReadText(std::streambuf* input);
+  void ReadText(std::streambuf* input, LineEnds lineEnds = LineEnds::CarriageReturn);
 
   /// Turns one key line into a leaf below this branch; null when the line is ignored.
   DataLeaf* ParseLine(std::string_view line);

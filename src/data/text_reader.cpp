@@ -8,6 +8,7 @@ namespace {
 
 constexpr std::size_t kBufferBytes = 256 * 1024;
 constexpr std::string_view kBlanks = " \t\n\f\r\v";
+constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
 
 std::string_view TrimRight(std::string_view text) {
   return text.substr(0, text.find_last_not_of(kBlanks) + 1);
@@ -58,11 +59,17 @@ std::optional<KeyLine> SplitKeyLine(std::string_view line) {
   return result;
 }
 
-TextReader::TextReader(std::streambuf& input)
+TextReader::TextReader(std::streambuf& input, LineEnds lineEnds)
     : input_(input),
+      lineEnds_(lineEnds),
       buffer_(std::make_unique_for_overwrite<char[]>(kBufferBytes)),
       next_(buffer_.get()),
-      end_(buffer_.get()) {}
+      end_(buffer_.get()) {
+  if (lineEnds_ == LineEnds::CarriageReturn) return;
+  Refill();
+  if (std::string_view(next_, static_cast<std::size_t>(end_ - next_)).starts_with(kByteOrderMark))
+    next_ += kByteOrderMark.size();
+}
 
 TextReader::Item TextReader::Next() {
   while (SkipLineEnds()) {
@@ -82,20 +89,28 @@ TextReader::Item TextReader::Next() {
 
 /// True when a line begins here.
 bool TextReader::SkipLineEnds() {
+  char before = '\0';
   for (;;) {
-    while (next_ != end_ && (*next_ == '\r' || *next_ == '\n')) lineNumber_ += *next_++ == '\r' ? 1 : 0;
+    for (; next_ != end_ && (*next_ == '\r' || *next_ == '\n'); before = *next_++) {
+      const bool endsLine = *next_ == '\r' || (lineEnds_ == LineEnds::Any && before != '\r');
+      lineNumber_ += endsLine ? 1 : 0;
+    }
     if (next_ != end_) return *next_ != '\0';
     if (inputEnded_) return false;
     Refill();
   }
 }
 
-/// The bytes up to the next CR or NUL, at most kMaxLineBytes; what follows a NUL up to the line's end is
+std::string_view TextReader::UpToLineEnd(std::string_view text) const {
+  return text.substr(0, lineEnds_ == LineEnds::Any ? text.find_first_of("\r\n") : text.find('\r'));
+}
+
+/// The bytes up to the line's end or a NUL, at most kMaxLineBytes; what follows a NUL up to the line's end is
 /// dropped.
 std::string_view TextReader::TakeLine() {
   if (static_cast<std::size_t>(end_ - next_) < kMaxLineBytes && !inputEnded_) Refill();
-  std::string_view line(next_, std::min(static_cast<std::size_t>(end_ - next_), kMaxLineBytes));
-  line = line.substr(0, line.find('\r'));
+  const std::string_view line =
+      UpToLineEnd({next_, std::min(static_cast<std::size_t>(end_ - next_), kMaxLineBytes)});
   next_ += line.size();
   return line.substr(0, line.find('\0'));
 }
@@ -115,9 +130,9 @@ void TextReader::Refill() {
   end_ = next_ + held;
 }
 
-void DataBranch::ReadText(std::streambuf* input) {
+void DataBranch::ReadText(std::streambuf* input, LineEnds lineEnds) {
   if (!input) return;
-  TextReader reader(*input);
+  TextReader reader(*input, lineEnds);
   DataBranch* section = this;
   for (TextReader::Item item = reader.Next(); item != TextReader::Item::End; item = reader.Next()) {
     if (item == TextReader::Item::Section) section = GetBranch(reader.Section());

@@ -36,7 +36,7 @@ class TextReader {
     End
   };
 
-  explicit TextReader(std::streambuf& input);
+  explicit TextReader(std::streambuf& input, LineEnds lineEnds = LineEnds::CarriageReturn);
 
   /// The next line that says something. What the accessors answer is good until the next call, and of this
   /// item only.
@@ -48,8 +48,7 @@ class TextReader {
   std::string_view Value() const { return keyLine_.value; }
   ValueType Type() const { return keyLine_.type; }
 
-  /// Number of the current line, from 1, counted by the carriage returns that end lines. At the end: of the
-  /// last line.
+  /// Number of the current line, from 1, counted by the line ends. At the end: of the last line.
   std::uint64_t LineNumber() const { return lineNumber_; }
 
   /// Bytes of the input taken so far: the place where the current line ends.
@@ -59,10 +58,12 @@ class TextReader {
 
  private:
   bool SkipLineEnds();
+  std::string_view UpToLineEnd(std::string_view text) const;
   std::string_view TakeLine();
   void Refill();
 
   std::streambuf& input_;
+  const LineEnds lineEnds_;
   std::unique_ptr<char[]> buffer_;
   const char* next_;
   const char* end_;

@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -57,6 +59,40 @@ TEST(Rewrite, WritesThePlainFormAndKeepsIt) {
     EXPECT_EQ(RunMapTool({"rewrite", out, "-"}).out, WithCrLf(row.rewritten));
     EXPECT_EQ(RunMapTool({"rewrite", out, out}).code, 0);  // onto itself
     EXPECT_EQ(ReadBytes(out), WithCrLf(row.rewritten));
+  }
+}
+
+// A picture once became 974 bytes, definitions with LF none.
+TEST(Rewrite, RefusesToReplaceItsInputByLess) {
+  const struct {
+    const char* what;
+    std::string_view bytes;
+    bool hintsAtLf;
+    const char* withLf;  ///< what --lf leaves in place of the file, null: it refuses too
+  } rows[] = {
+      {"a picture", std::string_view("\x89PNG\r\n\x1a\n\0\0\0\rIHDRx=1", 23), false, nullptr},
+      {"zeros", std::string_view("\0\0\0", 3), false, nullptr},
+      {"LF alone", "// note\n[A]\nx=1\ny=2\n", true, "[A]\r\nx=1\r\ny=2\r\n"},
+      {"one LF alone among good lines", "x=1\r\ny=2\nz=3\r\n", true, "x=1\r\ny=2\r\nz=3\r\n"},
+      {"words, then a line", "\r\nword\r\nx=1\r\n", false, nullptr},
+      {"a byte order mark", "\xef\xbb\xbf[A]\r\nx=1\r\n", false, "[A]\r\nx=1\r\n"},
+  };
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.what);
+    const TempFolder folder;
+    const std::string file = folder.Write("file.txt", std::string(row.bytes));
+    const std::string link = folder / "link.txt";
+    ASSERT_EQ(::symlink(file.c_str(), link.c_str()), 0);
+    for (const auto& [in, out] : {std::pair(file, file), {link, file}, {file, link}}) {
+      const ToolRun run = RunMapTool({"rewrite", in, out});
+      EXPECT_EQ(run.code, 1);
+      EXPECT_THAT(run.err, testing::StartsWith("quorvel-map: " + in + ": "));
+      EXPECT_EQ(run.err.find("--lf") != std::string::npos, row.hintsAtLf) << run.err;
+      EXPECT_EQ(ReadBytes(file), row.bytes);
+    }
+    EXPECT_EQ(RunMapTool({"rewrite", file, folder / "other.txt"}).code, 0) << "another file loses nothing";
+    EXPECT_EQ(RunMapTool({"rewrite", "--lf", file, link}).code, row.withLf ? 0 : 1);
+    EXPECT_EQ(ReadBytes(file), row.withLf ? row.withLf : row.bytes);
   }
 }
 

@@ -31,8 +31,8 @@ class DrippingBuf : public std::streambuf {
 };
 
 /// Everything that the reader answers, one item a line: line number, kind, what it says.
-std::string Items(std::streambuf& input) {
-  TextReader reader(input);
+std::string Items(std::streambuf& input, LineEnds lineEnds = LineEnds::CarriageReturn) {
+  TextReader reader(input, lineEnds);
   std::string items;
   for (Item item = reader.Next(); item != Item::End; item = reader.Next()) {
     items += std::to_string(reader.LineNumber());
@@ -139,6 +139,17 @@ TEST(TextReader, NulsAndLongLinesCutText) {
   }
   EXPECT_EQ(Items(std::string(20000, '=')), "1 ignored\n1 ignored\n1 ignored\n")
       << "8191, 8191 and 3618 bytes";
+}
+
+TEST(TextReader, ReadsTheLineEndsOfOtherPrograms) {
+  const char* const items = "1 [A]\n2 x:0=1\n4 y:0=2\n6 ignored\n";
+  for (const char* text : {"[A]\nx=1\n\ny=2\n\nword\n", "[A]\r\nx=1\r\n\r\ny=2\r\n\r\nword",
+                           "[A]\rx=1\r\ry=2\r\rword", "\xef\xbb\xbf[A]\nx=1\r\n\ny=2\r\r\nword"}) {
+    std::stringbuf input(text);
+    EXPECT_EQ(Items(input, LineEnds::Any), items) << text;
+    DrippingBuf dripping(text);
+    EXPECT_EQ(Items(dripping, LineEnds::Any), items) << text;
+  }
 }
 
 TEST(TextReader, NamesTheLinesThatItIgnores) {

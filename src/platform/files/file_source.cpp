@@ -54,6 +54,13 @@ void FileSource::Inspect(Accept accept) {
   if (*size_ > limit_) Refuse(PassLimit());
 }
 
+bool FileSource::IsFileAt(const std::string& path) const {
+  struct stat own {};
+  struct stat other {};
+  return IsOpen() && fstat(fd_, &own) == 0 && stat(path.c_str(), &other) == 0 && own.st_dev == other.st_dev &&
+         own.st_ino == other.st_ino;
+}
+
 void FileSource::Close() {
   if (ownsFd_) close(fd_);
   fd_ = -1;

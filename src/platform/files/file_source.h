@@ -34,6 +34,8 @@ class FileSource : public std::streambuf {
   bool PassedLimit() const { return passedLimit_; }
   /// True for plain files; others refuse seeks that leave the piece read last.
   bool CanSeek() const { return seekable_; }
+  /// True when the path leads to the file that is read, also by links.
+  bool IsFileAt(const std::string& path) const;
   /// Bytes of a plain file when it was opened; none where the size cannot be known.
   std::optional<std::uint64_t> SizeBytes() const { return size_; }
 
