@@ -14,13 +14,10 @@ namespace quorvel {
 namespace {
 
 /// What cannot be read twice goes into memory first.
-void Check(FileSource& source, Feedback& feedback, const ProblemSink& report) {
-  if (source.CanSeek()) {
-    CheckFile(source, feedback, report);
-    return;
-  }
+Outcome Check(FileSource& source, Feedback& feedback, const ProblemSink& report) {
+  if (source.CanSeek()) return CheckFile(source, feedback, report);
   std::stringbuf inMemory(ReadWholeInput(source), std::ios_base::in);
-  if (source.Error().empty()) CheckFile(inMemory, feedback, report);
+  return source.Error().empty() ? CheckFile(inMemory, feedback, report) : source.GetOutcome();
 }
 
 class CheckCommand : public Command {
@@ -49,10 +46,12 @@ class CheckCommand : public Command {
     FileSource source(path, FileSource::Accept::AnyInput, kMaxTextFileBytes);
     if (source.IsOpen()) {
       const auto feedback = MakeFeedback(console.progress);
-      Check(source, *feedback, [&](const Problem& problem) {
+      const Outcome outcome = Check(source, *feedback, [&](const Problem& problem) {
         code = ExitCode::No;
         Print(console.Out(), path, problem);
       });
+      if (outcome == Outcome::NoMemory) console.Complain(path, kNoMemoryMessage);
+      code = Worse(code, CodeOf(outcome));
     }
     return Worse(code, ReadOutcome(console, path, source));
   }

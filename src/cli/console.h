@@ -9,6 +9,9 @@ namespace quorvel {
 /// Name of standard input or output in the place of a file.
 inline constexpr std::string_view kStandardStream = "-";
 
+/// What is said of a run, or of a file, when memory runs out.
+inline constexpr std::string_view kNoMemoryMessage = "not enough memory";
+
 /// Whether long work shows a progress bar.
 enum class ProgressDisplay { OnTerminal, Never };
 
@@ -17,10 +20,10 @@ enum class ProgressDisplay { OnTerminal, Never };
 class Console {
  public:
   /// Tells about a file, one message for each line of `text`.
-  void Complain(std::string_view file, std::string_view text);
+  static void Complain(std::string_view file, std::string_view text);
 
   /// Tells about the run itself, in one line.
-  void Complain(std::string_view text);
+  static void Complain(std::string_view text);
 
   Results& Out() { return results_; }
 

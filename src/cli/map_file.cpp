@@ -12,18 +12,19 @@ namespace quorvel {
 
 MapInput ReadMapFile(Console& console, const std::string& path) {
   MapInput input;
+  Outcome outcome = Outcome::Done;
   FileSource source(path, FileSource::Accept::AnyInput, kMaxTextFileBytes);
   if (source.IsOpen()) {
     const auto feedback = MakeFeedback(console.progress);
-    input.contents = LoadMapFile(source, *feedback, input.errorText);
+    outcome = LoadMapFile(source, input.contents, *feedback, input.errorText);
   }
   input.code = ReadOutcome(console, path, source);
   if (input.code != ExitCode::Done) {
     input.errorText += source.Error() + "\n";
-  } else if (!input.errorText.empty()) {
-    console.Complain(path, input.errorText);
-    input.code = input.errorText.ends_with(kNoMemoryLine) ? ExitCode::Trouble : ExitCode::No;
+    return input;
   }
+  console.Complain(path, input.errorText);
+  input.code = Worse(CodeOf(outcome), input.errorText.empty() ? ExitCode::Done : ExitCode::No);
   return input;
 }
 

@@ -12,7 +12,7 @@ namespace quorvel {
 struct MapInput {
   MapContents contents;            ///< what could be loaded; without a grid when the file is refused
   std::string errorText;           ///< lines about the file's content
-  ExitCode code = ExitCode::Done;  ///< No: there is an error text. Trouble: the file could not be read
+  ExitCode code = ExitCode::Done;  ///< No: there is an error text. Trouble: no memory, or an unreadable file
 };
 
 /// Reads a map of either form. What is not Done has been told to the console.

@@ -8,12 +8,10 @@
 
 namespace quorvel {
 
-/// Judges a file after it was read, and tells the console when it could not be: Trouble, or No for one that
-/// is larger than its limit.
+/// Judges a file after it was read, and tells the console when it could not be.
 inline ExitCode ReadOutcome(Console& console, const std::string& path, const FileSource& source) {
-  if (source.Error().empty()) return ExitCode::Done;
   console.Complain(path, source.Error());
-  return source.PassedLimit() ? ExitCode::No : ExitCode::Trouble;
+  return CodeOf(source.GetOutcome());
 }
 
 }  // namespace quorvel

@@ -103,16 +103,15 @@ ExitCode RunCommandLine(Console& console, int argc, const char* const* argv) {
 
 }  // namespace
 
-ExitCode RunTool(int argc, const char* const* argv) {
+ExitCode RunTool(int argc, const char* const* argv) try {
   Console console;
-  try {
-    const ExitCode code = RunCommandLine(console, argc, argv);
-    std::string errorText;
-    if (console.Out().Finish(errorText)) return code;
-    console.Complain("standard output", errorText);
-  } catch (const std::bad_alloc&) {
-    console.Complain("not enough memory");
-  }
+  const ExitCode code = RunCommandLine(console, argc, argv);
+  std::string errorText;
+  if (console.Out().Finish(errorText)) return code;
+  Console::Complain("standard output", errorText);
+  return ExitCode::Trouble;
+} catch (const std::bad_alloc&) {
+  Console::Complain(kNoMemoryMessage);
   return ExitCode::Trouble;
 }
 

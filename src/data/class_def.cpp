@@ -176,24 +176,20 @@ bool ClassDef::DestroyInstance(ClassInstance instance) {
   return blocks_.Release(instance);
 }
 
-/// Brings prototype, offsets and blocks up to date; false when no instance can be made. Then all is as it
-/// was.
+/// Brings prototype, offsets and blocks up to date; false when no instance can be made. Then, and when memory
+/// runs out, all is as it was.
 bool ClassDef::PrepareBlocks() {
   const std::uint64_t revision = schemaRevision_.load(std::memory_order_relaxed);
   if (prototypeRevision_ == revision) return !prototype_.empty();
-  try {
-    std::vector<std::byte> prototype = MakePrototype();
-    if (CountInstances() > 0) {
-      if (prototype.empty()) return false;
-      MoveBlocks(prototype);
-    } else {
-      AssignOffsets();
-      blocks_.Reset(static_cast<std::int32_t>(prototype.size()));
-    }
-    prototype_ = std::move(prototype);
-  } catch (const std::bad_alloc&) {
-    return false;
+  std::vector<std::byte> prototype = MakePrototype();
+  if (CountInstances() > 0) {
+    if (prototype.empty()) return false;
+    MoveBlocks(prototype);
+  } else {
+    AssignOffsets();
+    blocks_.Reset(static_cast<std::int32_t>(prototype.size()));
   }
+  prototype_ = std::move(prototype);
   prototypeRevision_ = revision;
   return !prototype_.empty();
 }

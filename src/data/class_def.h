@@ -48,9 +48,10 @@ class ClassDef : public TypeDef {
   /// Gives every member its offset, as `CreateInstance` does, and answers the size of a block.
   std::int32_t LayOut();
 
-  /// A new block holding the members' defaults; None for an empty class or when memory does not suffice.
+  /// A new block holding the members' defaults; None for a class without bytes or one of kMaxSize. Throws
+  /// std::bad_alloc when memory runs out, and no block was made then.
   ClassInstance CreateInstance();
-  /// `count` new blocks at once with successive numbers; the first number, or None and nothing made.
+  /// `count` new blocks at once with successive numbers; the first number, or None and nothing made as above.
   ClassInstance CreateInstances(std::uint32_t count);
   /// True when the block was live and has ended. Its number may come back from `CreateInstance`.
   bool DestroyInstance(ClassInstance instance);

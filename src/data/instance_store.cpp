@@ -51,19 +51,15 @@ bool InstanceStore::Release(ClassInstance instance) {
   return true;
 }
 
-/// Makes room for the blocks up to that number; false when memory or the numbers do not suffice.
+/// Makes room for the blocks up to that number; false when the numbers do not suffice.
 bool InstanceStore::GrowTo(std::uint64_t lastNumber) {
   if (blockBytes_ == 0 || lastNumber >= std::numeric_limits<std::uint32_t>::max()) return false;
   const std::size_t chunkBytes = static_cast<std::size_t>(blockBytes_) << chunkShift_;
   const auto chunkCount = static_cast<std::size_t>(((lastNumber - 1) >> chunkShift_) + 1);
   const auto wordCount = static_cast<std::size_t>(lastNumber / kBitsPerWord + 1);
-  try {
-    if (wordCount > live_.size()) live_.resize(wordCount);
-    while (chunks_.size() < chunkCount) {
-      chunks_.push_back(std::make_unique_for_overwrite<std::byte[]>(chunkBytes));
-    }
-  } catch (const std::bad_alloc&) {
-    return false;
+  if (wordCount > live_.size()) live_.resize(wordCount);
+  while (chunks_.size() < chunkCount) {
+    chunks_.push_back(std::make_unique_for_overwrite<std::byte[]>(chunkBytes));
   }
   return true;
 }

@@ -10,7 +10,8 @@ namespace quorvel {
 /// Number of a value block within its class.
 enum class ClassInstance : std::uint32_t { None = 0 };
 
-/// Blocks of one size behind numbers: flat chunks, and one bit a block that tells whether it is live.
+/// Blocks of one size behind numbers: flat chunks, and one bit a block that tells whether it is live. Throws
+/// std::bad_alloc when memory runs out; what was live then still is, and nothing else.
 class InstanceStore {
  public:
   std::int32_t BlockBytes() const { return blockBytes_; }
@@ -21,8 +22,8 @@ class InstanceStore {
   /// An empty store for blocks of that size, a multiple of 4; one for blocks of 0 bytes gives none.
   void Reset(std::int32_t blockBytes);
 
-  /// A block number that was free, or the next one. The block's bytes are undefined. None when memory does
-  /// not suffice.
+  /// A block number that was free, or the next one. The block's bytes are undefined. None for blocks of 0
+  /// bytes and when there are no more numbers.
   ClassInstance Take();
   /// Successive numbers, none of them used before; the first, or None and nothing taken.
   ClassInstance TakeRun(std::uint32_t count);

@@ -138,7 +138,9 @@ std::string SavedAs(MapContents& contents, int form) {
 MapContents Loaded(const std::string& bytes, std::string& errorText) {
   std::stringbuf file(bytes);
   NullFeedback feedback;
-  return LoadMapFile(file, feedback, errorText);
+  MapContents contents;
+  LoadMapFile(file, contents, feedback, errorText);
+  return contents;
 }
 
 std::string DescribeTypes(const TypeList& types) {

@@ -25,7 +25,7 @@ class TextDocument : public CDocument {
   void OnIdle() override { onIdle(); }
 
  protected:
-  bool Serialize(CArchive& archive) override {
+  Outcome Serialize(CArchive& archive) override {
     onSerialize();
     if (archive.IsLoading()) {
       titleWhileLoading = GetTitle();
@@ -36,9 +36,9 @@ class TextDocument : public CDocument {
       archive.Reserve(text.size());
       archive.File().sputn(text.data(), static_cast<std::streamsize>(text.size()));
     }
-    if (!text.starts_with('!')) return true;
+    if (!text.starts_with('!')) return Outcome::Done;
     prompts_.Message("refused", MessageButtons::Ok, MessageIcon::Exclamation);
-    return false;
+    return Outcome::Refused;
   }
 
  private:

@@ -25,17 +25,16 @@ void ReportLines(std::string_view errorText, const ProblemSink& report) {
 
 /// A map is loaded whole, of definitions alone the types are built: they have no size yet that could be
 /// refused.
-MapContents Load(std::streambuf& file, const NumberedText& text, Feedback& feedback,
-                 const ProblemSink& report) {
+Outcome Load(std::streambuf& file, const NumberedText& text, MapContents& contents, Feedback& feedback,
+             const ProblemSink& report) {
   std::string errorText;
-  MapContents contents;
-  if (IsMapText(text.Tree()))
-    contents = LoadMapFile(file, feedback, errorText);
-  else
+  if (!IsMapText(text.Tree())) {
     BuildTypes(text.Tree(), contents, errorText);
-  if (errorText.ends_with(kNoMemoryLine)) throw std::bad_alloc();
+  } else if (LoadMapFile(file, contents, feedback, errorText) == Outcome::NoMemory) {
+    return Outcome::NoMemory;
+  }
   ReportLines(errorText, report);
-  return contents;
+  return Outcome::Done;
 }
 
 void CheckMapClass(const ClassDef* mapClass, const ProblemSink& report) {
@@ -60,12 +59,17 @@ void CheckMapParts(std::streambuf& file, const NumberedText& text, const MapCont
 
 }  // namespace
 
-void CheckFile(std::streambuf& file, Feedback& feedback, const ProblemSink& report) {
+Outcome CheckFile(std::streambuf& file, Feedback& feedback, const ProblemSink& report) try {
   const NumberedText text(file, report);
-  const MapContents contents = Load(file, text, feedback, report);
+  MapContents contents;
+  const Outcome outcome = Load(file, text, contents, feedback, report);
+  if (outcome != Outcome::Done) return outcome;
   CheckTypes(text, report);
   CheckMapClass(contents.m_pMapClass, report);
   if (IsMapText(text.Tree())) CheckMapParts(file, text, contents, report);
+  return Outcome::Done;
+} catch (const std::bad_alloc&) {
+  return Outcome::NoMemory;
 }
 
 }  // namespace quorvel

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "platform/documents/feedback.h"
+#include "platform/files/outcome.h"
 
 namespace quorvel {
 
@@ -20,7 +21,7 @@ using ProblemSink = std::function<void(const Problem&)>;
 /// loading it gives, what loading passes over in silence, and what no editor would have written. A file that
 /// the editor saved has none as long as its definitions and values are sound.
 ///
-/// `file` must be able to seek; it is read several times. Throws std::bad_alloc when memory does not suffice.
-void CheckFile(std::streambuf& file, Feedback& feedback, const ProblemSink& report);
+/// `file` must be able to seek; it is read several times. NoMemory: not all problems were told. Else Done.
+Outcome CheckFile(std::streambuf& file, Feedback& feedback, const ProblemSink& report);
 
 }  // namespace quorvel

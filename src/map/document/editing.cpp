@@ -1,6 +1,7 @@
 #include "map/document/editing.h"
 
 #include <memory>
+#include <new>
 #include <string>
 #include <utility>
 
@@ -94,9 +95,14 @@ int SelectTool(CVastrelDoc& document, int tool) {
   return document.m_nTool;
 }
 
-void ApplyTool(CVastrelDoc& document, ToolPhase phase) {
+void ApplyTool(CVastrelDoc& document, ToolPhase phase) try {
+  if (phase == ToolPhase::Pressed) document.m_bStrokeEnded = false;
+  if (document.m_bStrokeEnded) return;
   if (document.m_nTool == kPointerTool) PaintMark(document, phase);
   if (document.m_nTool == kCellPropertyTool && phase != ToolPhase::Released) PaintCurrentCell(document);
+} catch (const std::bad_alloc&) {
+  document.m_bStrokeEnded = true;
+  document.ReportErrors("There is not enough memory to paint the cell.\n");
 }
 
 void OnEditSelectAll(CVastrelDoc& document) {

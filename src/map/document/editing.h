@@ -36,7 +36,8 @@ bool SetCurrentCell(CVastrelDoc& document, const CellCoord* cell);
 /// Makes a tool the document's current one and shows it; the cell-property tool shows the editor of its
 /// member. Answers the number of the tool now current.
 int SelectTool(CVastrelDoc& document, int tool);
-/// Applies the current tool to the current cell.
+/// Applies the current tool to the current cell. When memory runs out the cell keeps what it had, a message
+/// says so, and nothing more is painted until the next press.
 void ApplyTool(CVastrelDoc& document, ToolPhase phase);
 
 /// Marks every cell, or none.

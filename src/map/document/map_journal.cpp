@@ -20,8 +20,9 @@ int BaseForm(const CellGrid& grid) {
   return grid.CellCount() > kSmallMapCells && isMostlyEmpty ? kTextForm : kBinaryForm;
 }
 
-bool WriteBase(const std::string& path, const MapContents& map, Feedback& feedback,
-               std::string& errorText) try {
+constexpr const char* kNoMemory = "There is not enough memory.";
+
+bool WriteBase(const std::string& path, const MapContents& map, Feedback& feedback, std::string& errorText) {
   const std::optional<MapFilePlan> plan = PlanMapFile(map, BaseForm(*map.m_pGrid), {}, errorText);
   if (!plan) return false;
   feedback.Pump();
@@ -30,9 +31,13 @@ bool WriteBase(const std::string& path, const MapContents& map, Feedback& feedba
   const bool isWritten = file.Commit(errorText);
   feedback.Pump();
   return isWritten;
-} catch (const std::bad_alloc&) {
-  errorText += "There is not enough memory.\n";
-  return false;
+}
+
+/// False: `journal.Error()` or a line in the error text says why.
+bool WriteStart(EditJournal& journal, const JournalHead& head, const MapContents& map, Feedback& feedback,
+                std::string& errorText) {
+  return WriteBase(journal.BasePath(), map, feedback, errorText) && journal.Append(EncodeHead(head)) &&
+         journal.Append(EncodeRecordedCells(*map.m_pGrid));
 }
 
 }  // namespace
@@ -40,23 +45,27 @@ bool WriteBase(const std::string& path, const MapContents& map, Feedback& feedba
 bool MapJournal::Begin(JournalHead head, const MapContents& map, Feedback& feedback, std::string& errorText) {
   Remove();
   if (folder_.empty()) return true;
-  std::unique_ptr<EditJournal> journal = EditJournal::Create(folder_);
-  if (journal == nullptr) return Fail(ErrorText(errno), errorText);
-  head.cellClass = DescribeCellClass(map);
-  const bool isWritten = WriteBase(journal->BasePath(), map, feedback, errorText) &&
-                         journal->Append(EncodeHead(head)) &&
-                         journal->Append(EncodeRecordedCells(*map.m_pGrid));
-  if (!isWritten) {
-    const std::string reason = journal->Error();
-    journal->Remove();
-    return Fail(reason, errorText);
+  std::unique_ptr<EditJournal> journal;
+  try {
+    journal = EditJournal::Create(folder_);
+    if (!journal) return Fail(ErrorText(errno), errorText);
+    head.cellClass = DescribeCellClass(map);
+    if (WriteStart(*journal, head, map, feedback, errorText)) {
+      journal_ = std::move(journal);
+      return true;
+    }
+    Fail(journal->Error(), errorText);
+  } catch (const std::bad_alloc&) {
+    Fail(kNoMemory, errorText);
   }
-  journal_ = std::move(journal);
-  return true;
+  if (journal) journal->Remove();
+  return false;
 }
 
-bool MapJournal::Add(const CellRecord& record, const MemberDef& member, std::string& errorText) {
+bool MapJournal::Add(const CellRecord& record, const MemberDef& member, std::string& errorText) try {
   return journal_->Append(EncodeValue(record, member)) || Fail(journal_->Error(), errorText);
+} catch (const std::bad_alloc&) {
+  return Fail(kNoMemory, errorText);
 }
 
 void MapJournal::Remove() {

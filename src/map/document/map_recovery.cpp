@@ -25,9 +25,10 @@ std::optional<MapContents> ReadBase(const std::string& path, Feedback& feedback,
     return std::nullopt;
   }
   std::string mapErrors;  // were shown when the map was first opened, where they do not keep it from use
-  MapContents map = LoadMapFile(file, feedback, mapErrors);
+  MapContents map;
+  const Outcome outcome = LoadMapFile(file, map, feedback, mapErrors);
   if (!file.Error().empty()) mapErrors = file.Error() + "\n";
-  if (map.m_pGrid != nullptr && file.Error().empty()) return map;
+  if (outcome == Outcome::Done && file.Error().empty()) return map;
   errorText += mapErrors;
   return std::nullopt;
 }
@@ -95,7 +96,7 @@ class Offer {
         return true;
       }
     } catch (const std::bad_alloc&) {
-      errorText = kNoMemoryLine;
+      errorText = "There is not enough memory.\n";
     }
     services_.prompts.Message(fmt::format("Cannot recover {}:\n{}", name, errorText), MessageButtons::Ok,
                               MessageIcon::Exclamation);

@@ -21,7 +21,6 @@ void CreateAllEditors(CVastrelDoc& document) {
 }
 
 std::optional<CellRecord> CurrentRecord(CVastrelDoc& document) {
-  if (document.m_pGrid == nullptr) return std::nullopt;
   const CellCoord cell = *document.m_pCurrentCell;
   const std::optional<CellRecord> record = document.m_pGrid->Find(document.m_pGrid->IndexOf(cell));
   return record ? record : CreateCell(document, cell);
@@ -50,13 +49,12 @@ void OnToolOptionsCommand(CVastrelDoc& document, int controlId, int notification
 
 void PaintCurrentCell(CVastrelDoc& document) {
   const MemberDef* member = document.m_pPaintMember;
-  if (member == nullptr) return;
-  const std::optional<CellRecord> record = CurrentRecord(document);
-  if (!record) return;
+  if (!member || !document.m_pGrid || !document.m_pGrid->IsValid(*document.m_pCurrentCell)) return;
 
-  std::uint32_t slot = 0;
+  std::uint32_t slot = 0;  // before the record: where there is no memory for the value no cell is made
   if (const MemberEditor* editor = EditorOf(*member)) editor->StoreInto(*member, &slot);
-  document.StoreCellValue(*record, *member, &slot);
+  if (const std::optional<CellRecord> record = CurrentRecord(document))
+    document.StoreCellValue(*record, *member, &slot);
 }
 
 MemberEditor* FindEditor(const CVastrelDoc& document, int controlId) {

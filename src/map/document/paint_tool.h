@@ -22,6 +22,7 @@ void OnToolOptionsCommand(CVastrelDoc& document, int controlId, int notification
 
 /// Stores what the editor of the painted member holds in the current cell, which gets a record if it has
 /// none. An object member stores nothing. Nothing happens without a painted member and outside the map.
+/// Throws std::bad_alloc when memory runs out, and the cell is as it was.
 void PaintCurrentCell(CVastrelDoc& document);
 
 /// The document's editor with this control number, or null.

@@ -46,6 +46,7 @@ void CVastrelDoc::OnIdle() {
   try {
     CreateNewMap(errorText);
   } catch (const std::bad_alloc&) {
+    DropMap();  // it is filled in part
     errorText += "There is not enough memory for the map.\n";
   }
   if (errorText.empty()) return;
@@ -53,30 +54,37 @@ void CVastrelDoc::OnIdle() {
   OnFileClose();
 }
 
-bool CVastrelDoc::Serialize(CArchive& archive) {
+void CVastrelDoc::DropMap() {
+  m_pGrid.reset();
+  m_pCellMarks.reset();
+  SetModifiedFlag(false);
+  UpdateAllViews(nullptr);
+}
+
+Outcome CVastrelDoc::Serialize(CArchive& archive) {
   return archive.IsLoading() ? Load(archive) : Store(archive);
 }
 
-bool CVastrelDoc::Load(CArchive& archive) {
+Outcome CVastrelDoc::Load(CArchive& archive) {
   std::string errorText;
-  MapContents contents = LoadMapFile(archive.File(), services_.feedback, errorText);
-  if (!archive.FileError().empty()) return false;  // a part of a file is no map
-  const bool loaded = contents.m_pGrid != nullptr;
-  if (loaded) Adopt(std::move(contents));
+  MapContents contents;
+  const Outcome outcome = LoadMapFile(archive.File(), contents, services_.feedback, errorText);
+  if (!archive.FileError().empty()) return Outcome::FileTrouble;  // a part of a file is no map
+  if (outcome == Outcome::NoMemory) return outcome;
+  if (outcome == Outcome::Done) Adopt(std::move(contents));
   if (!errorText.empty()) ReportErrors(errorText);
-  return loaded;
+  return outcome;
 }
 
-bool CVastrelDoc::Store(CArchive& archive) {
+Outcome CVastrelDoc::Store(CArchive& archive) {
   std::string errorText;
   const std::optional<MapFilePlan> plan = PlanMapFile(*this, GetTitle(), errorText);
   if (!plan) {
     ReportErrors(errorText);
-    return false;
+    return Outcome::Refused;
   }
-  if (!archive.Reserve(plan->fileBytes)) return false;
-  SaveMap(*plan, *this, archive.File(), services_.feedback);
-  return archive.FileError().empty();
+  if (archive.Reserve(plan->fileBytes)) SaveMap(*plan, *this, archive.File(), services_.feedback);
+  return archive.FileError().empty() ? Outcome::Done : Outcome::FileTrouble;
 }
 
 void CVastrelDoc::ReportErrors(const std::string& errorText) {
@@ -127,9 +135,11 @@ bool CVastrelDoc::BeginJournal(Feedback& feedback, std::string& errorText) {
 }
 
 /// Makes the map as it is the base state of the changes to come.
-void CVastrelDoc::KeepMap(Feedback& feedback) {
+void CVastrelDoc::KeepMap(Feedback& feedback) try {
   std::string errorText;
   if (!BeginJournal(feedback, errorText)) TellNotKept(errorText);
+} catch (const std::bad_alloc&) {
+  TellNotKept("There is not enough memory.\n");  // the next change tries again
 }
 
 /// A base state kept as text may not hold the value to the bit, so the first one is added like all others.

@@ -56,6 +56,8 @@ class CVastrelDoc : public CDocument, public MapContents, public CellListener {
   /// Stores a slot's value (null: the default) of a member of the cell class in one cell. The record must
   /// have its instance. Of an object member nothing is stored or redrawn, but the new record is a change too.
   void StoreCellValue(const CellRecord& record, const MemberDef& member, const void* value);
+  /// Shows an error text to the user.
+  void ReportErrors(const std::string& errorText);
   /// Redraws one cell.
   void OnCellChanged(const CellRecord& record) override;
 
@@ -65,18 +67,19 @@ class CVastrelDoc : public CDocument, public MapContents, public CellListener {
   int m_nTool = 0;                                  ///< 0: pointer, 1: cell property
   std::unique_ptr<CellCoord> m_pCurrentCell = std::make_unique<CellCoord>();  ///< the cell under the pointer
   std::uint8_t m_bMarkMode = 0;  ///< bit 0: the pointer tool marks
+  bool m_bStrokeEnded = false;   ///< memory ran out in the stroke of the tool that is not released yet
   int m_nNextEditorId = 10000;
   std::vector<MemberDef*> m_editors;  ///< members whose editor is shown in the tool options, in order
   int m_nPaintIndex = 0;              ///< position of the member selected in the tool options
   MemberDef* m_pPaintMember = nullptr;
 
  protected:
-  bool Serialize(CArchive& archive) override;
+  Outcome Serialize(CArchive& archive) override;
 
  private:
-  bool Load(CArchive& archive);
-  bool Store(CArchive& archive);
-  void ReportErrors(const std::string& errorText);
+  Outcome Load(CArchive& archive);
+  Outcome Store(CArchive& archive);
+  void DropMap();
   bool BeginJournal(Feedback& feedback, std::string& errorText);
   void KeepMap(Feedback& feedback);
   void KeepValue(const CellRecord& record, const MemberDef& member);

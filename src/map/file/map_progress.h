@@ -10,17 +10,9 @@ namespace quorvel {
 /// Progress bar and message of one long operation, shown during this object's life.
 class MapProgress {
  public:
-  MapProgress(Feedback& sink, std::string_view message) : sink_(sink), loop_(sink) {
-    sink_.ShowProgress(true);
-    sink_.SetProgressPos(0);
-    sink_.SetMessageText(message);
+  MapProgress(Feedback& sink, std::string_view message) : bar_(sink), loop_(sink) {
+    sink.SetMessageText(message);
   }
-  ~MapProgress() {
-    sink_.ShowProgress(false);
-    sink_.SetMessageText({});
-  }
-  MapProgress(const MapProgress&) = delete;
-  MapProgress& operator=(const MapProgress&) = delete;
 
   /// `done` of `all` steps are done.
   void Step(std::int64_t done, std::int64_t all) {
@@ -30,7 +22,7 @@ class MapProgress {
   }
 
  private:
-  Feedback& sink_;
+  ProgressShown bar_;
   LoopFeedback loop_;
 };
 

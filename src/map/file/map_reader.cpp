@@ -127,6 +127,12 @@ MapContents ReadBestRoad(std::streambuf& file, Feedback& feedback, std::string& 
   return std::move(contents).value_or(MapContents());
 }
 
+MapContents ReadAnyInput(std::streambuf& file, Feedback& feedback, std::string& errorText) {
+  if (CanSeek(file)) return ReadBestRoad(file, feedback, errorText);
+  std::stringbuf inMemory(ReadWholeInput(file), std::ios_base::in);
+  return ReadBestRoad(inMemory, feedback, errorText);
+}
+
 }  // namespace
 
 std::optional<MapContents> ReadMap(std::streambuf& file, Road road, Feedback& feedback,
@@ -139,15 +145,13 @@ std::optional<MapContents> ReadMap(std::streambuf& file, Road road, Feedback& fe
   return reading.TakeContents(errorText);
 }
 
-MapContents LoadMapFile(std::streambuf& file, Feedback& feedback, std::string& errorText) {
-  try {
-    if (CanSeek(file)) return ReadBestRoad(file, feedback, errorText);
-    std::stringbuf inMemory(ReadWholeInput(file), std::ios_base::in);
-    return ReadBestRoad(inMemory, feedback, errorText);
-  } catch (const std::bad_alloc&) {
-    errorText += kNoMemoryLine;
-    return {};
-  }
+Outcome LoadMapFile(std::streambuf& file, MapContents& contents, Feedback& feedback,
+                    std::string& errorText) try {
+  contents = ReadAnyInput(file, feedback, errorText);
+  return contents.m_pGrid ? Outcome::Done : Outcome::Refused;
+} catch (const std::bad_alloc&) {
+  errorText += "There is not enough memory to open the map.\n";
+  return Outcome::NoMemory;
 }
 
 }  // namespace quorvel

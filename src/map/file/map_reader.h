@@ -3,10 +3,10 @@
 #include <optional>
 #include <streambuf>
 #include <string>
-#include <string_view>
 
 #include "map/types/map_contents.h"
 #include "platform/documents/feedback.h"
+#include "platform/files/outcome.h"
 
 namespace quorvel {
 
@@ -16,7 +16,7 @@ namespace quorvel {
 enum class Road { Streamed, Tree };
 
 /// Reads a map of either form, its definitions and then its cells. `file` must be able to seek and is read
-/// from its start, whatever its position.
+/// from its start, whatever its position. Throws std::bad_alloc when memory runs out.
 ///
 /// None: this road does not lead through the file, nothing was added to the error text, and the tree road has
 /// to be taken; it never answers none. A file that is refused gives contents without a grid, and at least one
@@ -25,11 +25,9 @@ enum class Road { Streamed, Tree };
 std::optional<MapContents> ReadMap(std::streambuf& file, Road road, Feedback& feedback,
                                    std::string& errorText);
 
-/// The line that a load adds when it runs out of memory.
-inline constexpr std::string_view kNoMemoryLine = "There is not enough memory to open the map.\n";
-
 /// Reads a map by the streamed road where it leads through, else by the tree. Input that cannot seek is first
-/// taken into memory. Contents without a grid: refused, as above.
-MapContents LoadMapFile(std::streambuf& file, Feedback& feedback, std::string& errorText);
+/// taken into memory. Done: `contents` has a grid, though there may be lines in the error text. Refused:
+/// `contents` has the types that could be built. NoMemory: it has nothing, and a line says so.
+Outcome LoadMapFile(std::streambuf& file, MapContents& contents, Feedback& feedback, std::string& errorText);
 
 }  // namespace quorvel

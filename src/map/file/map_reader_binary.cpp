@@ -118,7 +118,6 @@ class BlockReader {
       // New instances of the whole chunk have successive numbers.
       const auto instances =
           static_cast<std::uint32_t>(cellClass_.CreateInstances(static_cast<std::uint32_t>(rows)));
-      if (instances == 0) return RefuseForMemory(first);
       for (std::int32_t row = 0; row < rows; ++row) {
         const auto instance = static_cast<ClassInstance>(instances + static_cast<std::uint32_t>(row));
         if (!MakeCell(first + row, instance, chunk.data() + std::int64_t{row} * rowBytes_, runs))
@@ -129,14 +128,12 @@ class BlockReader {
     return true;
   }
 
-  bool RefuseForMemory(std::int32_t index) { return Refuse("Not enough memory for cell {}.", index); }
-
   bool MakeCell(std::int32_t index, ClassInstance instance, std::byte* row,
                 const std::vector<BlockRun>& runs) {
     for (const StringMemberPlace& place : strings_) {
       if (!TurnIntoHandle(index, place, row + place.packedOffset)) return false;
     }
-    if (!contents_.m_pGrid->CreateWith(index, instance)) return RefuseForMemory(index);
+    contents_.m_pGrid->CreateWith(index, instance);
     std::byte* block = cellClass_.Block(instance);
     for (const BlockRun& run : runs) {
       std::memcpy(block + run.blockOffset, row + run.packedOffset, static_cast<std::size_t>(run.bytes));

@@ -33,6 +33,10 @@ std::optional<MapFilePlan> PlanMapFile(const MapContents& contents, int form, st
     errorText += "There is no map to save.\n";
     return std::nullopt;
   }
+  if (!contents.m_pCellClass) {
+    errorText += "A map without the class \"Cell\" could not be opened again.\n";
+    return std::nullopt;
+  }
   MapFilePlan plan;
   plan.form = form;
   plan.tree = BuildFileTree(contents, form, title);

@@ -25,7 +25,7 @@ struct MapFilePlan {
 
 /// Plans the file of a map with a grid in the given form, whatever `m_nDataType` says. The title names the
 /// tree's root and is not written. None, and a line in the error text, when the file would pass a limit or
-/// could not be opened again.
+/// could not be opened again. Throws std::bad_alloc when memory runs out.
 std::optional<MapFilePlan> PlanMapFile(const MapContents& contents, int form, std::string_view title,
                                        std::string& errorText);
 /// The same in the map's own form.

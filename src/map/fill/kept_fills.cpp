@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <ctime>
 #include <filesystem>
+#include <new>
 #include <system_error>
 #include <vector>
 
@@ -43,7 +44,7 @@ void RemoveOldest(const fs::path& folder) {
 }  // namespace
 
 bool KeepFillSettings(const std::string& folder, std::int64_t seconds, const FillSettings& settings,
-                      const DataBranch* classes, std::string& errorText) {
+                      const DataBranch* classes, std::string& errorText) try {
   DataBranch file({});
   file.AddCopy(classes);
   WriteFillSettings(settings, file);
@@ -55,6 +56,9 @@ bool KeepFillSettings(const std::string& folder, std::int64_t seconds, const Fil
   if (!output.Commit(errorText)) return false;
   RemoveOldest(folder);
   return true;
+} catch (const std::bad_alloc&) {
+  errorText += "There is not enough memory.\n";
+  return false;
 }
 
 }  // namespace quorvel

@@ -26,16 +26,6 @@ struct FillContext {
   }
 };
 
-void ShowProgress(const FillContext& context) {
-  context.feedback.ShowProgress(true);
-  context.feedback.SetProgressPos(0);
-}
-
-void HideProgress(const FillContext& context) {
-  context.feedback.ShowProgress(false);
-  context.feedback.SetMessageText("");
-}
-
 std::optional<CellRecord> RecordOf(const FillContext& context, std::int32_t index) {
   if (const std::optional<CellRecord> record = context.Grid().Find(index)) return record;
   return CreateCell(context.map, context.Grid().CoordOf(index));
@@ -108,7 +98,7 @@ void FillGlobally(const FillContext& context, const CPropertySettingList& settin
   for (const std::unique_ptr<CPropertySetting>& setting : settings.GetSettings())
     if (!setting->GetValues().empty()) draws.emplace_back(*setting);
 
-  ShowProgress(context);
+  const ProgressShown bar(context.feedback);
   LoopFeedback steps(context.feedback);
   const std::int32_t cells = context.Grid().CellCount();
   for (std::int32_t index = 0; index < cells; ++index) {
@@ -118,7 +108,6 @@ void FillGlobally(const FillContext& context, const CPropertySettingList& settin
     });
     DrawValues(context, index, draws, random);
   }
-  HideProgress(context);
 }
 
 // ---- Region phase: one property at a time, regions that grow in step. A region is numbered like its value.
@@ -256,9 +245,8 @@ class RegionGrowth {
 void FillRegions(const FillContext& context, const CPropertySetting& setting) {
   if (setting.GetValues().size() > static_cast<std::size_t>(context.Grid().CellCount())) return;
   RegionGrowth growth(context, setting);
-  ShowProgress(context);
+  const ProgressShown bar(context.feedback);
   growth.Run();
-  HideProgress(context);
 }
 
 }  // namespace

@@ -16,10 +16,10 @@ namespace quorvel {
 /// ring, from a seed cell each; a cell that two regions reach in the same step goes to neither and parts
 /// them. Seed cells keep what they had. A region setting with more values than the map has cells is skipped.
 ///
-/// The map must have its grid; the settings' members are those of its cell class. Cells for which no record
-/// or no instance can be made are passed over. `listener` is told of a cell after each value it got, also
-/// when its value could not be stored for want of a member; `feedback` gets the progress and is pumped all
-/// along.
+/// The map must have its grid; the settings' members are those of its cell class. Where that class has no
+/// bytes, cells are passed over. When memory runs out std::bad_alloc leaves the map filled in part.
+/// `listener` is told of a cell after each value it got, also when its value could not be stored for want of
+/// a member; `feedback` gets the progress and is pumped all along.
 void FillMap(MapContents& map, const CPropertySettingList& global, const CPropertySettingList& region,
              std::uint32_t seed, Feedback& feedback, CellListener& listener);
 

@@ -2,7 +2,6 @@
 
 #include <bit>
 #include <cassert>
-#include <new>
 
 namespace quorvel {
 namespace {
@@ -110,38 +109,34 @@ std::optional<CellRecord> CellGrid::Following(std::int32_t index) const {
   return RecordAt(page * kPageCells + std::countr_zero(pages_[page]->present));
 }
 
-CellGrid::Page* CellGrid::PageForWriting(std::int32_t index) {
+CellGrid::Page& CellGrid::PageForWriting(std::int32_t index) {
   std::unique_ptr<Page>& page = pages_[index / kPageCells];
-  if (page == nullptr) page.reset(new (std::nothrow) Page);
-  return page.get();
+  if (!page) page = std::make_unique<Page>();
+  return *page;
 }
 
-/// The data of the record of a valid index, which is made if there is none; null when memory runs out.
-ClassInstance* CellGrid::DataForWriting(std::int32_t index) {
-  Page* page = PageForWriting(index);
-  if (page == nullptr) return nullptr;
-  ClassInstance& data = page->data[index % kPageCells];
-  if ((page->present & Bit(index)) == 0) {
+/// The data of the record of a valid index, which is made if there is none.
+ClassInstance& CellGrid::DataForWriting(std::int32_t index) {
+  Page& page = PageForWriting(index);
+  ClassInstance& data = page.data[index % kPageCells];
+  if ((page.present & Bit(index)) == 0) {
     const std::size_t pageNumber = index / kPageCells;
-    page->present |= Bit(index);
+    page.present |= Bit(index);
     usedPages_[pageNumber / 64] |= Bit(pageNumber);
     data = {};
     ++count_;
   }
-  return &data;
+  return data;
 }
 
 std::optional<CellRecord> CellGrid::FindOrCreate(CellCoord cell) {
   const std::int32_t index = IndexOf(cell);
-  const ClassInstance* data = index < 0 ? nullptr : DataForWriting(index);
-  if (data == nullptr) return std::nullopt;
-  return CellRecord{cell.column, cell.row, index, *data, this};
+  if (index < 0) return std::nullopt;
+  return CellRecord{cell.column, cell.row, index, DataForWriting(index), this};
 }
 
-bool CellGrid::CreateWith(std::int32_t index, ClassInstance data) {
-  ClassInstance* const own = IsValid(index) ? DataForWriting(index) : nullptr;
-  if (own != nullptr) *own = data;
-  return own != nullptr;
+void CellGrid::CreateWith(std::int32_t index, ClassInstance data) {
+  if (IsValid(index)) DataForWriting(index) = data;
 }
 
 std::optional<CellRecord> CellGrid::Remove(const CellRecord& record) {

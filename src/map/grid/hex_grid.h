@@ -60,7 +60,8 @@ class CellGrid {
   std::optional<CellRecord> Find(std::int32_t index) const;
   /// The record with the lowest index above `index`; Following(-1) is the first.
   std::optional<CellRecord> Following(std::int32_t index) const;
-  /// The cell's record, made without data if there is none. None outside the grid and when memory runs out.
+  /// The cell's record, made without data if there is none. None outside the grid. Throws std::bad_alloc when
+  /// memory runs out, and no record was made then.
   std::optional<CellRecord> FindOrCreate(CellCoord cell);
   /// Takes the record out and answers the one that followed it. A record of another grid, or one that is no
   /// longer there, changes nothing and gives none. Never touches the data.
@@ -68,9 +69,8 @@ class CellGrid {
   void RemoveAll();
   /// Gives the record of `index` its data; nothing happens where there is no record.
   void SetData(std::int32_t index, ClassInstance data);
-  /// FindOrCreate and SetData in one, for a loop over very many cells. False outside the grid and when memory
-  /// runs out.
-  bool CreateWith(std::int32_t index, ClassInstance data);
+  /// FindOrCreate and SetData in one, for a loop over very many cells. Nothing happens outside the grid.
+  void CreateWith(std::int32_t index, ClassInstance data);
   std::int32_t Count() const { return count_; }
 
   /// The outline of a cell at `cellSize` pixels; false and nothing filled for a cell outside the grid.
@@ -95,8 +95,8 @@ class CellGrid {
 
   CellRecord RecordAt(std::int32_t index) const;
   bool HasRecord(std::int32_t index) const;
-  Page* PageForWriting(std::int32_t index);
-  ClassInstance* DataForWriting(std::int32_t index);
+  Page& PageForWriting(std::int32_t index);
+  ClassInstance& DataForWriting(std::int32_t index);
 
   const std::int32_t height_;
   const std::int32_t width_;

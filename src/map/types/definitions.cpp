@@ -105,9 +105,10 @@ void BuildTypes(const DataBranch& file, MapContents& contents, std::string& erro
 bool LoadDefinitions(std::streambuf& file, DataBranch& tree, MapContents& contents, Feedback& feedback,
                      std::string& errorText) {
   const WaitCursor wait(feedback);
-  feedback.SetMessageText("Loading file definitions...");
-  tree.ReadText(&file);
-  feedback.SetMessageText({});
+  {
+    const StatusMessage message(feedback, "Loading file definitions...");
+    tree.ReadText(&file);
+  }
   BuildTypes(tree, contents, errorText);
   return errorText.empty();
 }

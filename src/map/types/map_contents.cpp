@@ -1,5 +1,8 @@
 #include "map/types/map_contents.h"
 
+#include <new>
+#include <utility>
+
 #include "map/types/map_limits.h"
 
 namespace quorvel {
@@ -19,24 +22,31 @@ bool CheckFullMap(const MapContents& contents, std::int64_t width, std::int64_t 
 }
 
 void MakeGrid(MapContents& contents, int width, int height) {
-  contents.m_pGrid = std::make_unique<CellGrid>(width, height);
-  contents.m_pCellMarks =
-      std::make_unique<std::uint8_t[]>(static_cast<std::size_t>(contents.m_pGrid->CellCount()));
+  auto grid = std::make_unique<CellGrid>(width, height);
+  contents.m_pCellMarks = std::make_unique<std::uint8_t[]>(static_cast<std::size_t>(grid->CellCount()));
+  contents.m_pGrid = std::move(grid);
 }
 
 std::optional<CellRecord> CreateCell(MapContents& contents, CellCoord cell) {
-  if (contents.m_pGrid == nullptr) return std::nullopt;
-  std::optional<CellRecord> record = contents.m_pGrid->FindOrCreate(cell);
+  if (!contents.m_pGrid) return std::nullopt;
+  CellGrid& grid = *contents.m_pGrid;
+  std::optional<CellRecord> record = grid.FindOrCreate(cell);
   if (!record) return std::nullopt;
 
+  const ClassInstance earlier = record->data;
   ClassDef* cellClass = contents.m_pCellClass;
-  if (cellClass != nullptr) cellClass->DestroyInstance(record->data);  // of an earlier cell of this place
-  record->data = cellClass == nullptr ? ClassInstance::None : cellClass->CreateInstance();
+  try {
+    record->data = cellClass ? cellClass->CreateInstance() : ClassInstance::None;
+  } catch (const std::bad_alloc&) {
+    if (earlier == ClassInstance::None) grid.Remove(*record);
+    throw;
+  }
+  if (cellClass) cellClass->DestroyInstance(earlier);
   if (record->data == ClassInstance::None) {
-    contents.m_pGrid->Remove(*record);
+    grid.Remove(*record);
     return std::nullopt;
   }
-  contents.m_pGrid->SetData(record->index, record->data);
+  grid.SetData(record->index, record->data);
   return record;
 }
 

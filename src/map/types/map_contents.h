@@ -45,14 +45,16 @@ bool CheckMap(const MapContents& contents, std::int64_t width, std::int64_t heig
 bool CheckFullMap(const MapContents& contents, std::int64_t width, std::int64_t height,
                   std::string& errorText);
 
-/// Gives the contents an empty grid and marks, all clear. The size is one that CheckMapSize accepts.
+/// Gives the contents an empty grid and marks, all clear. The size is one that CheckMapSize accepts. Throws
+/// std::bad_alloc when memory runs out, and the contents keep what they had.
 void MakeGrid(MapContents& contents, int width, int height);
 
 /// Bytes that the values of one cell take; 0 without a cell class.
 std::uint64_t CellBlockBytes(const MapContents& contents);
 
 /// The cell's record with a fresh instance of defaults, in place of what it may have had. None, and no record
-/// left, outside the grid or when no instance can be made.
+/// left, outside the grid or when the cell class has no bytes. Throws std::bad_alloc when memory runs out, and
+/// the cell is as it was.
 std::optional<CellRecord> CreateCell(MapContents& contents, CellCoord cell);
 
 }  // namespace quorvel

@@ -13,6 +13,8 @@ namespace quorvel {
 
 namespace {
 
+constexpr const char* kNoMemory = "Not enough memory";
+
 std::string Absolute(const std::string& path) {
   std::error_code failed;
   const std::filesystem::path absolute = std::filesystem::absolute(path, failed);
@@ -89,22 +91,23 @@ bool CDocument::OnOpenDocument(const std::string& path) {
   return loaded;
 }
 
+Outcome CDocument::TrySerialize(CArchive& archive) try {
+  const Outcome outcome = Serialize(archive);
+  return archive.FileError().empty() ? outcome : Outcome::FileTrouble;
+} catch (const std::bad_alloc&) {
+  return Outcome::NoMemory;
+}
+
 /// False with an empty reason: the document itself told it.
 bool CDocument::Load(const std::string& path, std::string& reason) {
   stamp_ = FileStamp::Of(path);  // before reading: a change meanwhile must not go unseen
   FileSource source(path, FileSource::Accept::PlainFilesOnly);
-  if (source.IsOpen()) {
-    CArchive archive(source);
-    try {
-      if (!Serialize(archive) && source.Error().empty()) return false;
-    } catch (const std::bad_alloc&) {
-      reason = "Not enough memory";
-      return false;
-    }
-  }
-  reason = source.Error();
-  if (reason.empty()) SetModifiedFlag(false);
-  return reason.empty();
+  CArchive archive(source);
+  const Outcome outcome = source.IsOpen() ? TrySerialize(archive) : Outcome::FileTrouble;
+  if (outcome == Outcome::FileTrouble) reason = source.Error();
+  if (outcome == Outcome::NoMemory) reason = kNoMemory;
+  if (outcome == Outcome::Done) SetModifiedFlag(false);
+  return outcome == Outcome::Done;
 }
 
 bool CDocument::OnSaveDocument(const std::string& path) {
@@ -122,15 +125,10 @@ bool CDocument::OnSaveDocument(const std::string& path) {
 /// False with an empty reason: the document itself told it.
 bool CDocument::Store(const std::string& path, std::string& reason) {
   AtomicFile target(path);
-  if (target.IsGood()) {
-    CArchive archive(target);
-    try {
-      if (!Serialize(archive) && target.Error().empty()) return false;
-    } catch (const std::bad_alloc&) {
-      reason = "Not enough memory";
-      return false;
-    }
-  }
+  CArchive archive(target);
+  const Outcome outcome = target.IsGood() ? TrySerialize(archive) : Outcome::FileTrouble;
+  if (outcome == Outcome::NoMemory) reason = kNoMemory;
+  if (outcome == Outcome::NoMemory || outcome == Outcome::Refused) return false;
   if (target.Commit(reason)) return true;
   reason.pop_back();  // its line feed
   return false;

@@ -9,6 +9,7 @@
 #include "platform/documents/view.h"
 #include "platform/files/file_stamp.h"
 #include "platform/files/open_file_claim.h"
+#include "platform/files/outcome.h"
 
 namespace quorvel {
 
@@ -93,9 +94,9 @@ class CDocument {
   virtual void OnIdle() {}
 
  protected:
-  /// Loads from or stores into the archive. False: the document refuses (it has told the user why), or
-  /// `archive.FileError()` is set, which the caller tells.
-  virtual bool Serialize(CArchive& archive) = 0;
+  /// Loads from or stores into the archive. Refused: the document has told the user why. Of NoMemory, which
+  /// may also come as std::bad_alloc, and of `archive.FileError()` the caller tells.
+  virtual Outcome Serialize(CArchive& archive) = 0;
 
   /// Of the file at the path when it was last read or written.
   const FileStamp& Stamp() const { return stamp_; }
@@ -103,6 +104,7 @@ class CDocument {
   void ResumeFile(const std::string& path, const FileStamp& stamp);
 
  private:
+  Outcome TrySerialize(CArchive& archive);
   bool Load(const std::string& path, std::string& reason);
   bool Store(const std::string& path, std::string& reason);
   std::optional<std::string> AskForFileName();

@@ -75,6 +75,36 @@ class LoopFeedback {
   int left_ = 1;
 };
 
+/// Shows the progress bar during its life, first at 0; at its end the message goes too.
+class ProgressShown {
+ public:
+  explicit ProgressShown(Feedback& sink) : sink_(sink) {
+    sink_.ShowProgress(true);
+    sink_.SetProgressPos(0);
+  }
+  ~ProgressShown() {
+    sink_.ShowProgress(false);
+    sink_.SetMessageText({});
+  }
+  ProgressShown(const ProgressShown&) = delete;
+  ProgressShown& operator=(const ProgressShown&) = delete;
+
+ private:
+  Feedback& sink_;
+};
+
+/// Shows a message during its life.
+class StatusMessage {
+ public:
+  StatusMessage(Feedback& sink, std::string_view message) : sink_(sink) { sink_.SetMessageText(message); }
+  ~StatusMessage() { sink_.SetMessageText({}); }
+  StatusMessage(const StatusMessage&) = delete;
+  StatusMessage& operator=(const StatusMessage&) = delete;
+
+ private:
+  Feedback& sink_;
+};
+
 /// Shows the wait cursor during its life.
 class WaitCursor {
  public:

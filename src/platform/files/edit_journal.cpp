@@ -4,6 +4,8 @@
 #include <cerrno>
 #include <chrono>
 #include <filesystem>
+#include <new>
+#include <system_error>
 #include <utility>
 
 #include <fcntl.h>
@@ -72,8 +74,26 @@ std::unique_ptr<EditJournal> EditJournal::Create(const std::string& folder) {
   const std::string unheld = path + ".new";  // another program may only find it held
   const int fd = OpenAndHold(unheld, O_CREAT | O_EXCL);
   if (fd < 0) return nullptr;
-  std::unique_ptr<EditJournal> journal(new EditJournal(std::move(path), fd));
-  return rename(unheld.c_str(), journal->Path().c_str()) == 0 ? std::move(journal) : nullptr;
+  std::unique_ptr<EditJournal> journal = OfFile(std::move(path), fd);
+  if (journal && rename(unheld.c_str(), journal->Path().c_str()) == 0) return journal;
+  const int error = errno;
+  unlink(unheld.c_str());
+  errno = error;
+  return nullptr;
+}
+
+/// Null: there was no memory, or the thread that syncs could not be started, and errno says which. The file
+/// is closed then.
+std::unique_ptr<EditJournal> EditJournal::OfFile(std::string path, int fd) try {
+  return std::unique_ptr<EditJournal>(new EditJournal(std::move(path), fd));
+} catch (const std::system_error& error) {
+  close(fd);
+  errno = error.code().value();
+  return nullptr;
+} catch (const std::bad_alloc&) {
+  close(fd);
+  errno = ENOMEM;
+  return nullptr;
 }
 
 std::vector<std::unique_ptr<EditJournal>> EditJournal::Abandoned(const std::string& folder) {
@@ -87,7 +107,8 @@ std::vector<std::unique_ptr<EditJournal>> EditJournal::Abandoned(const std::stri
   std::vector<std::unique_ptr<EditJournal>> journals;
   for (const auto& [time, path] : paths) {
     const int fd = OpenAndHold(path, 0);
-    if (fd >= 0) journals.push_back(std::unique_ptr<EditJournal>(new EditJournal(path, fd)));
+    if (fd < 0) continue;
+    if (auto journal = OfFile(path, fd)) journals.push_back(std::move(journal));
   }
   return journals;
 }

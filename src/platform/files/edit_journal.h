@@ -53,6 +53,7 @@ class EditJournal {
   std::string Error() const;
 
  private:
+  static std::unique_ptr<EditJournal> OfFile(std::string path, int fd);
   EditJournal(std::string path, int fd);
   void SyncWhenWritten(const std::stop_token& stop);
   bool Fail(int error);

@@ -76,6 +76,11 @@ void FileSource::Refuse(std::string reason) {
   Close();
 }
 
+Outcome FileSource::GetOutcome() const {
+  if (error_.empty()) return Outcome::Done;
+  return passedLimit_ ? Outcome::Refused : Outcome::FileTrouble;
+}
+
 std::string FileSource::PassLimit() {
   passedLimit_ = true;
   return fmt::format("Larger than the limit of {} bytes", limit_);

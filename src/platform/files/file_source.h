@@ -7,6 +7,8 @@
 #include <streambuf>
 #include <string>
 
+#include "platform/files/outcome.h"
+
 namespace quorvel {
 
 /// Reads a file in pieces of 256 KB. The first error ends the input like an end of file and is kept: ask
@@ -30,8 +32,8 @@ class FileSource : public std::streambuf {
   bool IsOpen() const { return fd_ >= 0; }
   /// What went wrong first, without the file's name ("No such file or directory"); empty: nothing.
   const std::string& Error() const { return error_; }
-  /// True when the error is that the input is larger than the limit.
-  bool PassedLimit() const { return passedLimit_; }
+  /// FileTrouble when there is an error; Refused when it is that the input is larger than the limit.
+  Outcome GetOutcome() const;
   /// True for plain files; others refuse seeks that leave the piece read last.
   bool CanSeek() const { return seekable_; }
   /// True when the path leads to the file that is read, also by links.

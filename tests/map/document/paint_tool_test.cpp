@@ -7,7 +7,9 @@
 #include "map/types/definitions.h"
 #include "map/types/member_editors.h"
 #include "tests/map/cell_class_fixture.h"
+#include "tests/map/failing_memory.h"
 #include "tests/map/scripted_services.h"
+#include "tests/platform/temp_folder.h"
 #include "tests/platform/text_document.h"
 
 namespace quorvel {
@@ -156,6 +158,47 @@ TEST_F(PaintTool, NothingIsPaintedOutsideTheMap) {
   Paint({4, 0});
   EXPECT_EQ(document.m_pGrid->Count(), 0);
   EXPECT_FALSE(document.IsModified());
+}
+
+TEST_F(PaintTool, WantOfMemoryEndsTheStrokeAndLeavesTheCell) {
+  constexpr const char* kText = "a text too long to lie within a string";
+  const TempFolder folder;
+  for (const bool isKept : {false, true}) {
+    SCOPED_TRACE(isKept ? "kept safe from a crash" : "not kept");
+    world.services.journalsFolder = isKept ? folder / "journals" : "";
+    std::unique_ptr<CVastrelDoc> fresh;
+    const auto begin = [&] {
+      fresh = std::make_unique<CVastrelDoc>(world.services);
+      MapContents map = MapOfEveryKind(4, 3);
+      AttachEditor(*map.m_pCellClass->Members()[0]);
+      fresh->Adopt(std::move(map));
+      SelectTool(*fresh, kCellPropertyTool);
+      EditBox(*fresh, "Name").SetText(kText);
+      constexpr CellCoord kCell{1, 1};
+      SetCurrentCell(*fresh, &kCell);
+    };
+    begin();
+    int refused = 0;
+    FailEveryAllocation([&] { ApplyTool(*fresh, ToolPhase::Pressed); },
+                        [&] {
+                          const std::vector<std::string> messages = world.prompts.TakeMessages();
+                          EXPECT_EQ(ValueText(*fresh, 5, "Name"), messages.empty() ? kText : "-");
+                          EXPECT_EQ(fresh->IsModified(), messages.empty());
+                          if (!messages.empty()) {
+                            ++refused;
+                            EXPECT_THAT(messages,
+                                        ElementsAre("Map file error:\n\nThere is not enough memory to "
+                                                    "paint the cell.\n"));
+                            constexpr CellCoord kNext{2, 1};
+                            SetCurrentCell(*fresh, &kNext);
+                            ApplyTool(*fresh, ToolPhase::Moved);
+                            EXPECT_EQ(fresh->m_pGrid->Count(), 0);
+                          }
+                          fresh->OnCloseDocument();
+                          begin();
+                        });
+    EXPECT_GT(refused, 2);
+  }
 }
 
 TEST(MemberEditors, ComeWithTheDefinitionsOnceForMembersThatShareAClass) {

@@ -11,6 +11,7 @@
 #include "map/types/definitions.h"
 #include "platform/documents/doc_template.h"
 #include "platform/settings/registry_settings.h"
+#include "tests/map/failing_memory.h"
 #include "tests/map/scripted_services.h"
 #include "tests/platform/temp_folder.h"
 #include "tests/platform/text_document.h"
@@ -201,6 +202,91 @@ TEST_F(VastrelDoc, ClosesANewMapThatCannotBeMade) {
     EXPECT_THAT(world.prompts.TakeMessages(), ElementsAre("Map file error:\n\n" + row.errorText));
     EXPECT_EQ(owner.released, 1);
   }
+}
+
+/// A wizard that is finished with a fill.
+class FillingDialogs : public ScriptedMapDialogs {
+ public:
+  std::optional<NewMapChoice> ChooseNewMap(const MapSizeLimits&, const ClassDef* cellClass) override {
+    NewMapChoice choice{.width = 12, .height = 8, .global = {}, .region = {}};
+    AddValues(choice.global, cellClass->FindMember("Name"));
+    AddValues(choice.region, cellClass->FindMember("Count"));
+    return choice;
+  }
+
+ private:
+  static void AddValues(CPropertySettingList& settings, MemberDef* member) {
+    CPropertySetting& setting = settings.Add(member, CoverageControl::Slider);
+    setting.SetCoverage(60);
+    for (const char* text : {"7", "a text too long to lie within a string"}) {
+      CValueSetting& value = setting.AddValue();
+      value.StoreText(text);
+      setting.SetShare(&value, 50);
+    }
+  }
+};
+
+TEST_F(VastrelDoc, WantOfMemoryInTheFillLeavesNoMap) {
+  GiveDefinitions(SampleClasses());
+  NullFeedback quiet;
+  FillingDialogs dialogs;
+  Services services{world.prompts, quiet, dialogs, world.toolOptions, world.settings, world.clock, ""};
+  std::unique_ptr<CVastrelDoc> fresh;
+  const auto begin = [&] {
+    fresh = std::make_unique<CVastrelDoc>(services);
+    fresh->SetOwner(owner, product);
+    owner.released = 0;
+  };
+  begin();
+  fresh->OnIdle();
+  const std::string whole = Describe(*fresh);
+  begin();
+  int refused = 0;
+  FailEveryAllocation([&] { fresh->OnIdle(); },
+                      [&] {
+                        const std::vector<std::string> messages = world.prompts.TakeMessages();
+                        const bool isMade = messages.empty();
+                        if (!isMade) {
+                          ++refused;
+                          EXPECT_THAT(messages,
+                                      ElementsAre("Map file error:\n\nThere is not enough memory for "
+                                                  "the map.\n"));
+                        }
+                        EXPECT_EQ(isMade ? Describe(*fresh) : whole, whole);
+                        EXPECT_EQ(fresh->m_pGrid != nullptr, isMade);
+                        EXPECT_EQ(fresh->IsModified(), isMade);
+                        EXPECT_EQ(owner.released, isMade ? 0 : 1);
+                        begin();
+                      });
+  EXPECT_GT(refused, 100);
+}
+
+TEST_F(VastrelDoc, DoesNotSaveWhatCouldNotBeOpenedAgain) {
+  GiveDefinitions(
+      Lines("[Classes/Map] type='class' [Classes/Map/Width] type='int' range='1<3<5' "
+            "[Classes/Map/Height] type='int' range='1<3<5'"));
+  document.SetTitle("Map1");
+  world.mapDialogs.newMaps.emplace_back(NewMapChoice{.width = 2, .height = 2, .global = {}, .region = {}});
+  world.prompts.answers = {Answer::Save};
+  world.mapDialogs.forms = {kTextForm};
+  world.prompts.names = {folder / "map.vrl"};
+  document.OnIdle();
+  EXPECT_THAT(
+      world.prompts.messages,
+      ElementsAre("Map file error:\n\nCell definition not found.\n", "Save changes to Map1?",
+                  "Map file error:\n\nA map without the class \"Cell\" could not be opened again.\n"));
+  EXPECT_THAT(folder.Names(), ElementsAre("defs.txt"));
+  EXPECT_EQ(owner.released, 0);
+}
+
+TEST_F(VastrelDoc, AFormThatIsNoneIsSavedAsText) {
+  MapContents map = SampleMap(5, 4, 1);
+  const std::string text = SavedAs(map, kTextForm);
+  document.Adopt(std::move(map));
+  document.m_nDataType = -1;
+  ASSERT_TRUE(document.OnSaveDocument(folder / "map.vrl"));
+  EXPECT_EQ(folder.Read("map.vrl"), text);
+  EXPECT_EQ(document.m_nDataType, -1);
 }
 
 TEST_F(VastrelDoc, SaysWhyTheDefinitionsCannotBeRead) {

@@ -9,6 +9,7 @@
 
 #include "map/types/map_limits.h"
 #include "platform/files/little_endian.h"
+#include "tests/map/failing_memory.h"
 #include "tests/map/map_samples.h"
 
 namespace quorvel {
@@ -305,6 +306,19 @@ TEST(MapReader, RefusesBinaryFilesWithALine) {
   }
 }
 
+// Without texts the last value ends with the file.
+TEST(MapReader, TheDataBlockMayEndWithTheFile) {
+  MapContents contents = ContentsOf(Lines(
+      "[Classes/Map] type='class' [Classes/Cell] type='class' [Classes/Cell/a] type='int' range='0<7<9'"));
+  MakeGrid(contents, 3, 1);
+  const std::string bytes = SavedAs(contents, kBinaryForm);
+  std::string errorText;
+  EXPECT_EQ(Saved(Loaded(bytes, errorText)), bytes);
+  EXPECT_EQ(errorText, "");
+  EXPECT_FALSE(Loaded(bytes.substr(0, bytes.size() - 1), errorText).m_pGrid);
+  EXPECT_NE(errorText, "");
+}
+
 TEST(MapReader, ReadsFilesCutAnywhereOrRefusesThem) {
   for (const int form : {kTextForm, kBinaryForm}) {
     MapContents contents = SampleMap(3, 3, 5);
@@ -371,8 +385,45 @@ TEST(MapReader, ReadsInputThatCannotSeek) {
     ForwardOnly pipe(bytes);
     NullFeedback feedback;
     std::string errorText;
-    EXPECT_EQ(Saved(LoadMapFile(pipe, feedback, errorText)), bytes);
+    MapContents loaded;
+    EXPECT_EQ(LoadMapFile(pipe, loaded, feedback, errorText), Outcome::Done);
+    EXPECT_EQ(Saved(loaded), bytes);
     EXPECT_EQ(errorText, "");
+  }
+}
+
+TEST(MapReader, WantOfMemoryGivesTheWholeMapOrNothing) {
+  MapContents sample = SampleMap(20, 10, 3);
+  const struct {
+    const char* title;
+    std::string bytes;
+  } rows[] = {{"text", SavedAs(sample, kTextForm)},
+              {"text that takes the tree", SavedAs(sample, kTextForm) + Lines("[Objects/Galaxy/Cells/7]")},
+              {"binary", SavedAs(sample, kBinaryForm)}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(row.title);
+    std::string errorText;
+    const std::string expected = Describe(Loaded(row.bytes, errorText));
+    NullFeedback feedback;
+    std::stringbuf file(row.bytes);
+    MapContents contents;
+    Outcome outcome = Outcome::Done;
+    errorText.clear();
+    int refused = 0;
+    FailEveryAllocation([&] { outcome = LoadMapFile(file, contents, feedback, errorText); },
+                        [&] {
+                          if (outcome == Outcome::NoMemory) {
+                            ++refused;
+                            EXPECT_EQ(errorText, "There is not enough memory to open the map.\n");
+                            EXPECT_FALSE(contents.m_pGrid);
+                          } else {
+                            EXPECT_EQ(outcome, Outcome::Done);
+                            EXPECT_EQ(Describe(contents), expected);
+                          }
+                          contents = MapContents();
+                          errorText.clear();
+                        });
+    EXPECT_GT(refused, 50);
   }
 }
 

@@ -1,8 +1,12 @@
 #include "map/types/map_contents.h"
 
+#include <algorithm>
+#include <new>
+
 #include <gtest/gtest.h>
 
 #include "map/types/map_limits.h"
+#include "tests/map/failing_memory.h"
 #include "tests/map/map_samples.h"
 
 namespace quorvel {
@@ -22,6 +26,37 @@ TEST(MapContents, CreateCellMakesOneFreshInstanceACell) {
   EXPECT_EQ(contents.m_pCellClass->CountInstances(), 1U);  // the earlier one has ended
   EXPECT_EQ(contents.m_pGrid->Find(3)->data, again->data);
   EXPECT_FALSE(CreateCell(contents, {2, 0}));
+}
+
+TEST(MapContents, WantOfMemoryLeavesTheCellAndTheGridAsTheyWere) {
+  const auto expectThrows = [](const auto& act) {
+    int failures = 0;
+    for (bool hasFailed = true; hasFailed; ++failures) {
+      const FailingMemory memory(failures);
+      try {
+        act();
+        hasFailed = FailingMemory::HasFailed();
+      } catch (const std::bad_alloc&) {
+      }
+    }
+    EXPECT_GT(failures, 1);
+  };
+  MapContents contents = ContentsOf(SampleClasses());
+  bool isTogether = true;
+  expectThrows([&] {
+    isTogether = isTogether && !contents.m_pGrid == !contents.m_pCellMarks;
+    MakeGrid(contents, 100, 100);
+  });
+  EXPECT_TRUE(isTogether);
+
+  int records = 0;
+  expectThrows([&] {
+    records = std::max(records, contents.m_pGrid->Count());
+    CreateCell(contents, {99, 99});
+  });
+  EXPECT_EQ(records, 0);
+  EXPECT_EQ(contents.m_pGrid->Count(), 1);
+  EXPECT_EQ(contents.m_pCellClass->CountInstances(), 1U);
 }
 
 TEST(MapContents, AFullMapMustHoldAllItsValues) {
