@@ -1,5 +1,5 @@
 #include "cli/command.h"
-#include "cli/file_form.h"
+#include "cli/form_option.h"
 #include "cli/map_file.h"
 
 namespace quorvel {

@@ -2,7 +2,7 @@
 #include <string_view>
 
 #include "cli/command.h"
-#include "cli/file_form.h"
+#include "cli/form_option.h"
 #include "cli/new_map.h"
 #include "cli/one_standard_input.h"
 #include "cli/progress_bar.h"

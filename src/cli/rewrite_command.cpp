@@ -2,7 +2,7 @@
 #include "cli/read_outcome.h"
 #include "cli/tree_file.h"
 #include "data/text_signs.h"
-#include "map/types/data_type.h"
+#include "map/types/file_form.h"
 #include "map/types/map_limits.h"
 
 namespace quorvel {

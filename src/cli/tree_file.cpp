@@ -2,7 +2,7 @@
 
 #include "cli/read_outcome.h"
 #include "data/text_reader.h"
-#include "map/types/data_type.h"
+#include "map/types/file_form.h"
 #include "map/types/map_limits.h"
 #include "platform/files/atomic_file.h"
 #include "platform/files/file_source.h"

@@ -9,7 +9,7 @@
 #include "data/data_tree.h"
 #include "data/type_list.h"
 #include "map/grid/hex_grid.h"
-#include "map/types/data_type.h"
+#include "map/types/file_form.h"
 
 namespace quorvel {
 

@@ -7,7 +7,7 @@
 
 #include <fmt/format.h>
 
-#include "map/types/data_type.h"
+#include "map/types/file_form.h"
 
 namespace quorvel {
 namespace {

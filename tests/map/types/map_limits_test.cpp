@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "map/types/data_type.h"
+#include "map/types/file_form.h"
 
 namespace quorvel {
 namespace {

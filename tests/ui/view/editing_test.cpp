@@ -7,7 +7,7 @@
 
 #include "map/document/paint_tool.h"
 #include "map/fill/map_filter.h"
-#include "map/types/data_type.h"
+#include "map/types/file_form.h"
 #include "map/types/member_editors.h"
 #include "tests/map/cell_class_fixture.h"
 #include "tests/ui/editor.h"

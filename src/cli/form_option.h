@@ -5,7 +5,7 @@
 
 #include <CLI/CLI.hpp>
 
-#include "map/types/data_type.h"
+#include "map/types/file_form.h"
 
 namespace quorvel {
 

@@ -1,4 +1,4 @@
-#include "map/types/data_type.h"
+#include "map/types/file_form.h"
 
 #include <algorithm>
 
