@@ -10,12 +10,6 @@
 namespace quorvel {
 namespace {
 
-/// The class that a member embeds, or null.
-const ClassDef* EmbeddedClass(const MemberDef& member) {
-  if (member.GetKind() != MemberKind::Object) return nullptr;
-  return static_cast<const ObjectMember&>(member).Embedded();
-}
-
 std::int32_t SaturatingSum(std::int32_t a, std::int32_t b) {
   return a > ClassDef::kMaxSize - b ? ClassDef::kMaxSize : a + b;
 }

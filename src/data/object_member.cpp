@@ -55,6 +55,11 @@ TypeDef* ObjectMember::GetRefType() const {
   return embedded_;
 }
 
+const ClassDef* EmbeddedClass(const MemberDef& member) {
+  if (member.GetKind() != MemberKind::Object) return nullptr;
+  return static_cast<const ObjectMember&>(member).Embedded();
+}
+
 void ObjectMember::SetRefType(ClassDef* embedded) {
   embedded_ = embedded;
   ClassDef::SchemaChanged();

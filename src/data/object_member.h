@@ -31,4 +31,7 @@ class ObjectMember : public MemberDef {
   mutable bool holdsNothing_ = false;  ///< embeds a class that it is part of, and so holds nothing
 };
 
+/// The class that a member embeds; null for a member that is no object, or has no class.
+const ClassDef* EmbeddedClass(const MemberDef& member);
+
 }  // namespace quorvel

@@ -133,11 +133,7 @@ void TextReader::Refill() {
 void DataBranch::ReadText(std::streambuf* input, LineEnds lineEnds) {
   if (!input) return;
   TextReader reader(*input, lineEnds);
-  DataBranch* section = this;
-  for (TextReader::Item item = reader.Next(); item != TextReader::Item::End; item = reader.Next()) {
-    if (item == TextReader::Item::Section) section = GetBranch(reader.Section());
-    if (item == TextReader::Item::Value) section->SetLeaf(reader.Key(), reader.Value(), reader.Type());
-  }
+  ReadTree(reader, *this, this, [](std::string_view) { return SectionUse::Take; });
 }
 
 DataLeaf* DataBranch::ParseLine(std::string_view line) {

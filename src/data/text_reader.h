@@ -74,4 +74,26 @@ class TextReader {
   KeyLine keyLine_;
 };
 
+/// What becomes of a section that is read into a tree.
+enum class SectionUse {
+  Take,
+  Skip,
+  Stop  ///< the reading ends, and the reader stands behind the section's line
+};
+
+/// Reads what is left into the tree of `root`, values before the next section into `section`. `use(path)` is
+/// asked about every section.
+template <class Use>
+void ReadTree(TextReader& reader, DataBranch& root, DataBranch* section, Use use) {
+  for (auto item = reader.Next(); item != TextReader::Item::End; item = reader.Next()) {
+    if (item == TextReader::Item::Section) {
+      const SectionUse next = use(reader.Section());
+      if (next == SectionUse::Stop) return;
+      section = next == SectionUse::Take ? root.GetBranch(reader.Section()) : nullptr;
+    } else if (item == TextReader::Item::Value && section) {
+      section->SetLeaf(reader.Key(), reader.Value(), reader.Type());
+    }
+  }
+}
+
 }  // namespace quorvel

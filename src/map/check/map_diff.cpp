@@ -1,7 +1,6 @@
 #include "map/check/map_diff.h"
 
 #include <algorithm>
-#include <cstring>
 #include <deque>
 #include <unordered_map>
 #include <unordered_set>
@@ -9,7 +8,7 @@
 
 #include "data/c_numbers.h"
 #include "data/control_escapes.h"
-#include "data/string_member.h"
+#include "data/same_value.h"
 
 namespace quorvel {
 
@@ -39,12 +38,7 @@ struct MemberPair {
   ComparedMember a, b;
 };
 
-bool SameValue(const MemberDef& a, const void* slotA, const MemberDef& b, const void* slotB) {
-  if (a.GetKind() != MemberKind::String) return std::memcmp(slotA, slotB, sizeof(std::uint32_t)) == 0;
-  return static_cast<const StringMember&>(a).Text(slotA) == static_cast<const StringMember&>(b).Text(slotB);
-}
-
-bool SameValue(const MemberPair& pair, ClassInstance a, ClassInstance b) {
+bool HoldsSame(const MemberPair& pair, ClassInstance a, ClassInstance b) {
   return SameValue(*pair.a.member, pair.a.Slot(a), *pair.b.member, pair.b.Slot(b));
 }
 
@@ -145,7 +139,7 @@ class MapComparison {
 
   bool SameDefaults() const {
     return std::all_of(pairs_.begin(), pairs_.end(), [](const MemberPair& pair) {
-      return SameValue(pair, ClassInstance::None, ClassInstance::None);
+      return HoldsSame(pair, ClassInstance::None, ClassInstance::None);
     });
   }
 
@@ -188,7 +182,7 @@ class MapComparison {
 
   void CompareCell(CellCoord cell, ClassInstance inA, ClassInstance inB) {
     for (const MemberPair& pair : pairs_) {
-      if (!SameValue(pair, inA, inB)) Report(CellLine(cell, pair, inA, inB));
+      if (!HoldsSame(pair, inA, inB)) Report(CellLine(cell, pair, inA, inB));
     }
   }
 

@@ -1,19 +1,12 @@
 #include "map/fill/map_filter.h"
 
 #include <algorithm>
-#include <cstring>
 
-#include "data/string_member.h"
+#include "data/same_value.h"
 
 namespace quorvel {
 
 namespace {
-
-bool SameValue(const MemberDef& member, const void* a, const void* b) {
-  if (member.GetKind() != MemberKind::String) return std::memcmp(a, b, sizeof(std::uint32_t)) == 0;
-  const auto& text = static_cast<const StringMember&>(member);
-  return text.Text(a) == text.Text(b);
-}
 
 bool Passes(const CPropertySetting& setting, ClassInstance instance) {
   const MemberDef* member = setting.GetMember();
@@ -28,7 +21,7 @@ bool Passes(const CPropertySetting& setting, ClassInstance instance) {
     slot = &standard;
   }
   return std::any_of(values.begin(), values.end(),
-                     [&](const auto& value) { return SameValue(*member, slot, value->GetValue()); });
+                     [&](const auto& value) { return SameValue(*member, slot, *member, value->GetValue()); });
 }
 
 }  // namespace

@@ -6,6 +6,7 @@
 #include <variant>
 
 #include "data/list_def.h"
+#include "data/object_member.h"
 
 namespace quorvel {
 namespace {
@@ -21,10 +22,6 @@ std::unique_ptr<MemberEditor> MakeEditor(MemberKind kind) {
       return std::make_unique<CMemberCombo>();
   }
   return nullptr;
-}
-
-const ClassDef* EmbeddedClass(const MemberDef& member) {
-  return member.GetKind() == MemberKind::Object ? static_cast<const ClassDef*>(member.GetRefType()) : nullptr;
 }
 
 /// Puts what a member embeds on a worklist, to be taken off in order.
