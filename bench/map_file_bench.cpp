@@ -23,14 +23,14 @@ constexpr std::string_view kDefinitions =
     "[Classes/Cell/Weight]\r\ntype=\"float\"\r\n[Classes/Cell/Kind]\r\ntype=\"index\"\r\nrange=\"Kind\"\r\n";
 
 /// Every cell has values of its own.
-MapContents MakeMap(int side, int form) {
+MapContents MakeMap(int side, FileForm form) {
   MapContents contents;
   NullFeedback feedback;
   std::stringbuf file{std::string(kDefinitions)};
   DataBranch tree({});
   std::string errorText;
   LoadDefinitions(file, tree, contents, feedback, errorText);
-  contents.m_nDataType = form;
+  contents.m_nDataType = DataTypeOf(form);
   MakeGrid(contents, side, side);
   const auto& members = contents.m_pCellClass->Members();
   for (int index = 0; index < side * side; ++index) {
@@ -52,7 +52,7 @@ class MemorySink : public std::streambuf {
 
 void Save(benchmark::State& state) {
   const int side = static_cast<int>(state.range(1));
-  const MapContents contents = MakeMap(side, static_cast<int>(state.range(0)));
+  const MapContents contents = MakeMap(side, FileFormOf(static_cast<int>(state.range(0))));
   NullFeedback feedback;
   std::string errorText;
   std::vector<char> file(PlanMapFile(contents, "", errorText)->fileBytes);
@@ -69,7 +69,7 @@ void Load(benchmark::State& state) {
   std::string errorText;
   std::stringbuf file;
   {
-    const MapContents contents = MakeMap(side, static_cast<int>(state.range(0)));
+    const MapContents contents = MakeMap(side, FileFormOf(static_cast<int>(state.range(0))));
     SaveMap(*PlanMapFile(contents, "", errorText), contents, file, feedback);
   }
   BesideCopy beside(state, static_cast<std::size_t>(side * side), file.view().size());
@@ -81,7 +81,8 @@ void Load(benchmark::State& state) {
 }
 
 void Sizes(benchmark::internal::Benchmark* bench) {
-  bench->ArgNames({"binary", "side"})->ArgsProduct({{kTextForm, kBinaryForm}, {500, 1000}});
+  bench->ArgNames({"binary", "side"})
+      ->ArgsProduct({{DataTypeOf(FileForm::Text), DataTypeOf(FileForm::Binary)}, {500, 1000}});
   bench->UseManualTime()->Unit(benchmark::kMillisecond);
 }
 BENCHMARK(Save)->Apply(Sizes);

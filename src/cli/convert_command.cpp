@@ -21,12 +21,12 @@ class ConvertCommand : public Command {
   ExitCode Run(Console& console) override {
     MapInput input = ReadMapFile(console, in_);
     if (input.code != ExitCode::Done) return input.code;
-    input.contents.m_nDataType = form_;
+    input.contents.m_nDataType = DataTypeOf(form_);
     return WriteMapFile(console, out_, input.contents);
   }
 
  private:
-  int form_ = kTextForm;
+  FileForm form_ = FileForm::Text;
   std::string in_, out_;
 };
 

@@ -51,7 +51,7 @@ void DumpSide(std::string_view name, const CellGrid* grid, int cells, Results& o
 
 void DumpMap(const MapContents& contents, Results& out) {
   const CellGrid* grid = contents.m_pGrid.get();
-  out.Line().append("form ").append(kDataTypeNames[static_cast<std::size_t>(contents.m_nDataType)]);
+  out.Line().append("form ").append(NameOf(FormOf(contents)));
   out.EndLine();
   DumpSide("width ", grid, grid != nullptr ? grid->Width() : 0, out);
   DumpSide("height ", grid, grid != nullptr ? grid->Height() : 0, out);

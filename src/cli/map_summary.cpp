@@ -120,7 +120,7 @@ void PrintGrid(const CellGrid& grid, std::uint64_t blockBytes, Results& out) {
 }  // namespace
 
 void PrintSummary(const MapContents& contents, Results& out) {
-  PrintRow(out, "form", kDataTypeNames[static_cast<std::size_t>(contents.m_nDataType)]);
+  PrintRow(out, "form", NameOf(FormOf(contents)));
   if (contents.m_pGrid != nullptr)
     PrintGrid(*contents.m_pGrid, CellBlockBytes(contents), out);
   else

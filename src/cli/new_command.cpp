@@ -77,13 +77,13 @@ class NewCommand : public Command {
     const auto feedback = MakeFeedback(console.progress);
     MapInput map = MakeNewMap(console, request_, *feedback, nobody);
     if (map.code != ExitCode::Done) return map.code;
-    map.contents.m_nDataType = form_;
+    map.contents.m_nDataType = DataTypeOf(form_);
     return WriteMapFile(console, out_, map.contents);
   }
 
  private:
   NewMapRequest request_;
-  int form_ = kTextForm;
+  FileForm form_ = FileForm::Text;
   std::string out_;
 };
 

@@ -2,6 +2,7 @@
 #include "cli/read_outcome.h"
 #include "cli/tree_file.h"
 #include "data/text_signs.h"
+#include "map/file/map_file_layout.h"
 #include "map/types/file_form.h"
 #include "map/types/map_limits.h"
 
@@ -10,8 +11,8 @@ namespace quorvel {
 namespace {
 
 bool IsBinaryMap(const DataBranch& root) {
-  const DataLeaf* type = root.FindLeaf("Version/Data/type");
-  return type && DataTypeFromName(type->GetValue()) == kBinaryForm;
+  const DataLeaf* type = root.FindLeaf(kDataTypePath);
+  return type && FileFormOf(DataTypeFromName(type->GetValue())) == FileForm::Binary;
 }
 
 constexpr char kNoTextForm[] =

@@ -19,13 +19,9 @@ bool IsBelowObjects(std::string_view section) {
 
 void ReadTextWithoutObjects(std::streambuf& input, DataBranch& root) {
   TextReader reader(input);
-  DataBranch* section = &root;
-  for (auto item = reader.Next(); item != TextReader::Item::End; item = reader.Next()) {
-    if (item == TextReader::Item::Section)
-      section = IsBelowObjects(reader.Section()) ? nullptr : root.GetBranch(reader.Section());
-    else if (item == TextReader::Item::Value && section != nullptr)
-      section->SetLeaf(reader.Key(), reader.Value(), reader.Type());
-  }
+  ReadTree(reader, root, &root, [](std::string_view section) {
+    return IsBelowObjects(section) ? SectionUse::Skip : SectionUse::Take;
+  });
 }
 
 }  // namespace
@@ -42,7 +38,7 @@ ExitCode ReadTreeFile(Console& console, const std::string& path, DataBranch& roo
 ExitCode WriteTreeFile(Console& console, const std::string& path, const DataBranch& root) {
   const std::uint64_t bytes = root.TextSize();
   std::string errorText;
-  if (!CheckFileSize(kTextForm, bytes, errorText)) {
+  if (!CheckFileSize(FileForm::Text, bytes, errorText)) {
     console.Complain(path, errorText);
     return ExitCode::No;
   }

@@ -130,8 +130,8 @@ std::string Saved(const MapContents& contents) {
   return file.str();
 }
 
-std::string SavedAs(MapContents& contents, int form) {
-  contents.m_nDataType = form;
+std::string SavedAs(MapContents& contents, FileForm form) {
+  contents.m_nDataType = DataTypeOf(form);
   return Saved(contents);
 }
 

@@ -27,7 +27,7 @@ MapContents SampleMap(int width, int height, std::uint32_t seed);
 /// size.
 std::string Saved(const MapContents& contents);
 /// The map in this form.
-std::string SavedAs(MapContents& contents, int form);
+std::string SavedAs(MapContents& contents, FileForm form);
 
 /// What the bytes are loaded as.
 MapContents Loaded(const std::string& bytes, std::string& errorText);

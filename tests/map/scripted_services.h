@@ -15,14 +15,14 @@ namespace quorvel {
 /// Answers from lists filled beforehand and remembers what was asked. No answer left: cancelled.
 class ScriptedMapDialogs : public MapDialogs {
  public:
-  std::deque<std::optional<int>> forms;
+  std::deque<std::optional<FileForm>> forms;
   std::deque<std::optional<NewMapChoice>> newMaps;
 
-  std::vector<int> selectedForms;     ///< what the form dialogs opened with
-  std::vector<MapSizeLimits> limits;  ///< what the wizards for a new map were given
+  std::vector<FileForm> selectedForms;  ///< what the form dialogs opened with
+  std::vector<MapSizeLimits> limits;    ///< what the wizards for a new map were given
   std::vector<const ClassDef*> cells;
 
-  std::optional<int> ChooseDataType(std::span<const std::string_view>, int selected) override {
+  std::optional<FileForm> ChooseDataType(FileForm selected) override {
     selectedForms.push_back(selected);
     return Next(forms);
   }

@@ -24,9 +24,7 @@ namespace quorvel {
 /// Dialogs that keep what is offered.
 class KeepingMapDialogs : public MapDialogs {
  public:
-  std::optional<int> ChooseDataType(std::span<const std::string_view>, int selected) override {
-    return selected;
-  }
+  std::optional<FileForm> ChooseDataType(FileForm selected) override { return selected; }
   std::optional<NewMapChoice> ChooseNewMap(const MapSizeLimits& limits, const ClassDef*) override {
     NewMapChoice choice;
     choice.width = limits.defaultWidth.value_or(0);

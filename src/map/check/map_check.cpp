@@ -45,8 +45,8 @@ void CheckMapClass(const ClassDef* mapClass, const ProblemSink& report) {
 
 void CheckMapParts(std::streambuf& file, const NumberedText& text, const MapContents& contents,
                    const ProblemSink& report) {
-  const bool binary = contents.m_nDataType == kBinaryForm;
-  CheckHeader(text, contents.m_nDataType, report);
+  const bool binary = FormOf(contents) == FileForm::Binary;
+  CheckHeader(text, FormOf(contents), report);
   if (!binary) CheckGalaxy(text, contents.m_pMapClass, report);
   if (contents.m_pGrid == nullptr || contents.m_pCellClass == nullptr) return;
   if (binary) {

@@ -4,15 +4,12 @@
 #include <fmt/format.h>
 
 #include "data/c_numbers.h"
-#include "data/string_member.h"
 #include "map/check/map_check_header.h"
+#include "map/file/map_file_layout.h"
 
 namespace quorvel {
 
 namespace {
-
-constexpr std::int64_t kSizeAndCountBytes = 12;
-constexpr std::int64_t kMaxPaddingBytes = 4;
 
 class BlockCheck {
  public:
@@ -21,7 +18,7 @@ class BlockCheck {
       : file_(file), text_(text), contents_(contents), report_(report) {}
 
   void Run() {
-    const auto data = Offset("Version/Data/Offsets/Data"), texts = Offset("Version/Data/Offsets/Text");
+    const auto data = Offset(kDataOffsetPath), texts = Offset(kTextOffsetPath);
     if (data) CheckPadding(static_cast<std::int64_t>(text_.EndPosition()), *data);
     if (data && texts) CheckDataBlock(*data, *texts);
     if (texts) CheckTextBlock(*texts);
@@ -30,31 +27,27 @@ class BlockCheck {
  private:
   void Report(std::string problem) { report_({0, std::move(problem)}); }
 
-  std::optional<std::int64_t> Offset(const char* path) {
+  std::optional<std::int64_t> Offset(std::string_view path) {
     if (const DataLeaf* leaf = text_.Tree().FindLeaf(path)) return ToInt(leaf->GetValue());
     Report(std::string(path) + " is missing");
     return {};
   }
 
   void CheckPadding(std::int64_t textEnd, std::int64_t data) {
-    const std::int64_t bytes = data - textEnd;
-    std::array<char, kMaxPaddingBytes> padding{};
-    const bool fits = bytes >= 1 && bytes <= kMaxPaddingBytes && data % kMaxPaddingBytes == 0;
-    if (!fits) {
+    if (data != static_cast<std::int64_t>(PaddedTextBytes(static_cast<std::uint64_t>(textEnd)))) {
       Report(fmt::format("the text ends at {} and the data block begins at {}, not at the next multiple of 4",
                          textEnd, data));
       return;
     }
+    std::array<char, kBlockAlignment> padding{};
     file_.pubseekpos(textEnd, std::ios_base::in);
-    file_.sgetn(padding.data(), bytes);
+    file_.sgetn(padding.data(), data - textEnd);
     if (std::any_of(padding.begin(), padding.end(), [](char byte) { return byte != 0; }))
       Report("not all bytes between the text and the data block are zero");
   }
 
   void CheckDataBlock(std::int64_t data, std::int64_t texts) {
-    const std::int64_t bytes =
-        kSizeAndCountBytes +
-        static_cast<std::int64_t>(contents_.m_pCellClass->PackedSize()) * contents_.m_pGrid->CellCount();
+    const std::int64_t bytes = DataBlockBytes(contents_.m_pGrid->CellCount(), contents_.m_pCellClass);
     if (data + bytes != texts)
       Report(fmt::format("the data block of {} bytes ends at {}, but the text block begins at {}", bytes,
                          data + bytes, texts));
@@ -71,12 +64,11 @@ class BlockCheck {
 
   std::int64_t BytesOfTexts() const {
     std::int64_t bytes = 0;
-    for (const auto& member : contents_.m_pCellClass->Members()) {
-      if (member->GetKind() != MemberKind::String) continue;
-      const auto& text = static_cast<const StringMember&>(*member);
-      const CellGrid& grid = *contents_.m_pGrid;
+    const CellGrid& grid = *contents_.m_pGrid;
+    for (const StringPlace& place : StringPlaces(*contents_.m_pCellClass)) {
+      const StringMember& text = *place.member;
       for (auto record = grid.Following(-1); record; record = grid.Following(record->index))
-        bytes += static_cast<std::int64_t>(text.Text(member->GetValuePtr(record->data)).size()) + 1;
+        bytes += static_cast<std::int64_t>(text.Text(text.GetValuePtr(record->data)).size()) + 1;
     }
     return bytes;
   }

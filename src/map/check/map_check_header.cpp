@@ -3,6 +3,7 @@
 #include <fmt/format.h>
 
 #include "map/check/map_check_values.h"
+#include "map/file/map_file_layout.h"
 #include "map/file/map_writer_tree.h"
 
 namespace quorvel {
@@ -42,7 +43,7 @@ bool IsMapText(const DataBranch& tree) {
          tree.FindBranch("Objects") != nullptr;
 }
 
-void CheckHeader(const NumberedText& text, int form, const ProblemSink& report) {
+void CheckHeader(const NumberedText& text, FileForm form, const ProblemSink& report) {
   MapContents smallest;
   MakeGrid(smallest, 1, 1);
   const auto written = BuildFileTree(smallest, form, {});
@@ -61,7 +62,7 @@ void CheckHeader(const NumberedText& text, int form, const ProblemSink& report) 
 }
 
 void CheckGalaxy(const NumberedText& text, const ClassDef* mapClass, const ProblemSink& report) {
-  const DataBranch* galaxy = text.Tree().FindBranch("Objects/Galaxy");
+  const DataBranch* galaxy = text.Tree().FindBranch(kGalaxyPath);
   if (galaxy == nullptr) {
     report({0, "Objects/Galaxy is missing"});
     return;

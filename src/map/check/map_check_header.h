@@ -9,7 +9,7 @@ namespace quorvel {
 bool IsMapText(const DataBranch& tree);
 
 /// Reports where "Version" and "Declare" of a map differ from what the writer would have put there.
-void CheckHeader(const NumberedText& text, int form, const ProblemSink& report);
+void CheckHeader(const NumberedText& text, FileForm form, const ProblemSink& report);
 
 /// Reports what is wrong with the map object of a text form, but for its cells.
 void CheckGalaxy(const NumberedText& text, const ClassDef* mapClass, const ProblemSink& report);

@@ -108,7 +108,7 @@ std::string DescribeCellClass(const MapContents& map) {
 std::string EncodeHead(const JournalHead& head) {
   std::string record = StartRecord(Sort::Head);
   PutLittleEndian(record, static_cast<std::uint32_t>(head.templateId));
-  PutLittleEndian(record, static_cast<std::uint32_t>(head.fileForm));
+  PutLittleEndian(record, static_cast<std::uint32_t>(head.dataType));
   for (const std::string& text : {head.title, head.path, head.stamp.ToBytes(), head.cellClass})
     PutText(record, text);
   return record;
@@ -119,7 +119,7 @@ std::optional<JournalHead> DecodeHead(std::string_view record) {
   if (fields.TakeSort() != Sort::Head) return std::nullopt;
   JournalHead head;
   head.templateId = static_cast<int>(fields.Number());
-  head.fileForm = static_cast<int>(fields.Number());
+  head.dataType = static_cast<int>(fields.Number());
   head.title = fields.Text();
   head.path = fields.Text();
   const std::optional<FileStamp> stamp = FileStamp::FromBytes(fields.Text());

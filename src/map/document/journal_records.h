@@ -13,8 +13,9 @@ namespace quorvel {
 /// The first record of a map's journal: which document it belongs to, and what its edits name. The layout of
 /// all records is in docs/file-formats.md.
 struct JournalHead {
-  int templateId = 0;        ///< number of the template that makes such documents
-  int fileForm = kTextForm;  ///< the form that the document is saved in; that of the base state is its own
+  int templateId = 0;  ///< number of the template that makes such documents
+  /// Number of the form that the document is saved in; the base state has one of its own.
+  int dataType = DataTypeOf(FileForm::Text);
   std::string title;
   std::string path;       ///< of the document's file; empty: never saved
   FileStamp stamp;        ///< of that file when it was last read or written

@@ -14,10 +14,10 @@ namespace {
 
 /// The binary form is written fast and keeps floats and texts to the bit, but holds all cells. A map too
 /// large for that which is mostly empty is kept as text, as it would be saved.
-int BaseForm(const CellGrid& grid) {
+FileForm BaseForm(const CellGrid& grid) {
   constexpr std::int32_t kSmallMapCells = 4'000'000;
   const bool isMostlyEmpty = grid.Count() < grid.CellCount() / 16;
-  return grid.CellCount() > kSmallMapCells && isMostlyEmpty ? kTextForm : kBinaryForm;
+  return grid.CellCount() > kSmallMapCells && isMostlyEmpty ? FileForm::Text : FileForm::Binary;
 }
 
 constexpr const char* kNoMemory = "There is not enough memory.";

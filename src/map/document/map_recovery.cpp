@@ -45,7 +45,7 @@ std::optional<MapContents> Replay(EditJournal& journal, const JournalHead& head,
     return std::nullopt;
   }
   journal.CutBehind(records.Position());
-  map->m_nDataType = head.fileForm;
+  map->m_nDataType = head.dataType;
   return map;
 }
 

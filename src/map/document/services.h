@@ -1,11 +1,10 @@
 #pragma once
 
 #include <optional>
-#include <span>
 #include <string>
-#include <string_view>
 
 #include "map/fill/property_settings.h"
+#include "map/types/file_form.h"
 #include "map/types/map_size_limits.h"
 #include "platform/documents/clock.h"
 #include "platform/documents/feedback.h"
@@ -29,8 +28,8 @@ class MapDialogs {
  public:
   virtual ~MapDialogs() = default;
 
-  /// One of the file forms listed, by position; the dialog opens with `selected`.
-  virtual std::optional<int> ChooseDataType(std::span<const std::string_view> names, int selected) = 0;
+  /// The form of a file; the dialog opens with `selected`.
+  virtual std::optional<FileForm> ChooseDataType(FileForm selected) = 0;
   /// Size and settings of a new map. The cell class is null when the definitions have none.
   virtual std::optional<NewMapChoice> ChooseNewMap(const MapSizeLimits& limits,
                                                    const ClassDef* cellClass) = 0;

@@ -32,9 +32,9 @@ void CVastrelDoc::OnCloseDocument() {
 bool CVastrelDoc::DoSave(const std::optional<std::string>& path, Replace replace) {
   const CMultiDocTemplateWithID* docTemplate = GetDocTemplate();
   if (!path && docTemplate != nullptr && docTemplate->GetResourceID() == kProductMapTemplate) {
-    const std::optional<int> form = services_.mapDialogs.ChooseDataType(kDataTypeNames, m_nDataType);
+    const std::optional<FileForm> form = services_.mapDialogs.ChooseDataType(FormOf(*this));
     if (!form) return false;
-    m_nDataType = *form;
+    m_nDataType = DataTypeOf(*form);
   }
   return CDocument::DoSave(path, replace);
 }
@@ -126,7 +126,7 @@ void CVastrelDoc::StoreCellValue(const CellRecord& record, const MemberDef& memb
 bool CVastrelDoc::BeginJournal(Feedback& feedback, std::string& errorText) {
   const CMultiDocTemplateWithID* docTemplate = GetDocTemplate();
   return journal_.Begin({.templateId = docTemplate == nullptr ? 0 : docTemplate->GetResourceID(),
-                         .fileForm = m_nDataType,
+                         .dataType = m_nDataType,
                          .title = GetTitle(),
                          .path = GetPathName(),
                          .stamp = Stamp(),

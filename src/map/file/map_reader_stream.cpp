@@ -5,6 +5,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "map/file/map_file_layout.h"
+
 namespace quorvel {
 namespace {
 

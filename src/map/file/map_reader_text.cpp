@@ -1,6 +1,7 @@
 #include "map/file/map_reader_text.h"
 
 #include "data/c_numbers.h"
+#include "map/file/map_file_layout.h"
 #include "map/types/map_limits.h"
 #include "map/types/map_size_limits.h"
 
@@ -15,7 +16,7 @@ std::int32_t IntLeaf(const DataBranch& branch, std::string_view name) {
 }  // namespace
 
 MapSize ReadTextSize(const DataBranch& tree, const ClassDef* mapClass) {
-  if (const DataBranch* galaxy = tree.FindBranch("Objects/Galaxy")) {
+  if (const DataBranch* galaxy = tree.FindBranch(kGalaxyPath)) {
     return {IntLeaf(*galaxy, "Width"), IntLeaf(*galaxy, "Height")};
   }
   MapSizeLimits limits;
@@ -27,14 +28,14 @@ TextCells::TextCells(MapContents& contents, std::uint64_t fileBytes, std::string
     : contents_(contents),
       fileBytes_(fileBytes),
       blockBytes_(CellBlockBytes(contents)),
-      maxCells_(MaxLoadedCells(kTextForm, blockBytes_, fileBytes)),
+      maxCells_(MaxLoadedCells(FileForm::Text, blockBytes_, fileBytes)),
       errorText_(errorText) {}
 
 std::optional<CellRecord> TextCells::Make(std::int32_t index) {
   if (refused_ || !contents_.m_pGrid->IsValid(index)) return std::nullopt;
   const std::uint64_t cells = contents_.m_pCellClass->CountInstances();
   if (cells >= maxCells_) {
-    refused_ = !CheckLoadedCells(kTextForm, cells + 1, blockBytes_, fileBytes_, errorText_);
+    refused_ = !CheckLoadedCells(FileForm::Text, cells + 1, blockBytes_, fileBytes_, errorText_);
     return std::nullopt;
   }
   return CreateCell(contents_, contents_.m_pGrid->CoordOf(index));

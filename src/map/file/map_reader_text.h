@@ -3,16 +3,12 @@
 #include <cstdint>
 #include <optional>
 #include <string>
-#include <string_view>
 
 #include "data/data_tree.h"
 #include "map/file/map_progress.h"
 #include "map/types/map_contents.h"
 
 namespace quorvel {
-
-/// The branch of a text form that holds a branch for every cell.
-inline constexpr std::string_view kCellsPath = "Objects/Galaxy/Cells";
 
 struct MapSize {
   std::int32_t width = 0;

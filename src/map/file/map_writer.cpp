@@ -1,5 +1,6 @@
 #include "map/file/map_writer.h"
 
+#include "map/file/map_file_layout.h"
 #include "map/file/map_progress.h"
 #include "map/file/map_writer_binary.h"
 #include "map/file/map_writer_text.h"
@@ -21,13 +22,13 @@ void MeasureBinaryFile(const MapContents& contents, MapFilePlan& plan) {
 }
 
 /// Cells that have values after the file was loaded.
-std::uint64_t CountLoadedCells(const CellGrid& grid, int form) {
-  return static_cast<std::uint64_t>(form == kBinaryForm ? grid.CellCount() : grid.Count());
+std::uint64_t CountLoadedCells(const CellGrid& grid, FileForm form) {
+  return static_cast<std::uint64_t>(form == FileForm::Binary ? grid.CellCount() : grid.Count());
 }
 
 }  // namespace
 
-std::optional<MapFilePlan> PlanMapFile(const MapContents& contents, int form, std::string_view title,
+std::optional<MapFilePlan> PlanMapFile(const MapContents& contents, FileForm form, std::string_view title,
                                        std::string& errorText) {
   if (contents.m_pGrid == nullptr) {
     errorText += "There is no map to save.\n";
@@ -40,7 +41,7 @@ std::optional<MapFilePlan> PlanMapFile(const MapContents& contents, int form, st
   MapFilePlan plan;
   plan.form = form;
   plan.tree = BuildFileTree(contents, form, title);
-  if (form == kBinaryForm) {
+  if (form == FileForm::Binary) {
     MeasureBinaryFile(contents, plan);
   } else {
     MeasureTextFile(contents, plan);
@@ -55,16 +56,16 @@ std::optional<MapFilePlan> PlanMapFile(const MapContents& contents, int form, st
 
 std::optional<MapFilePlan> PlanMapFile(const MapContents& contents, std::string_view title,
                                        std::string& errorText) {
-  return PlanMapFile(contents, contents.m_nDataType, title, errorText);
+  return PlanMapFile(contents, FormOf(contents), title, errorText);
 }
 
 void SaveMap(const MapFilePlan& plan, const MapContents& contents, std::streambuf& out, Feedback& feedback) {
   const WaitCursor wait(feedback);
   MapProgress progress(feedback, "Saving map...");
   plan.tree->WriteText(&out);
-  if (plan.form != kBinaryForm) return WriteTextCells(contents, out, progress);
+  if (plan.form != FileForm::Binary) return WriteTextCells(contents, out, progress);
 
-  constexpr char kPadding[4] = {};
+  constexpr char kPadding[kBlockAlignment] = {};
   out.sputn(kPadding, static_cast<std::streamsize>(PaddedTextBytes(plan.treeBytes) - plan.treeBytes));
   WriteBlocks(contents, out, progress);
 }

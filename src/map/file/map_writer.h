@@ -20,13 +20,13 @@ struct MapFilePlan {
       tree;                     ///< in the text form without the cells, in the binary form with final offsets
   std::uint64_t treeBytes = 0;  ///< of the tree's text
   std::uint64_t fileBytes = 0;
-  int form = kTextForm;
+  FileForm form = FileForm::Text;
 };
 
 /// Plans the file of a map with a grid in the given form, whatever `m_nDataType` says. The title names the
 /// tree's root and is not written. None, and a line in the error text, when the file would pass a limit or
 /// could not be opened again. Throws std::bad_alloc when memory runs out.
-std::optional<MapFilePlan> PlanMapFile(const MapContents& contents, int form, std::string_view title,
+std::optional<MapFilePlan> PlanMapFile(const MapContents& contents, FileForm form, std::string_view title,
                                        std::string& errorText);
 /// The same in the map's own form.
 std::optional<MapFilePlan> PlanMapFile(const MapContents& contents, std::string_view title,

@@ -1,17 +1,14 @@
 #include "map/file/map_writer_binary.h"
 
-#include <bit>
 #include <cstring>
-#include <new>
 #include <string_view>
 #include <vector>
 
 #include "data/slot.h"
+#include "map/file/map_file_layout.h"
 
 namespace quorvel {
 namespace {
-
-static_assert(std::endian::native == std::endian::little, "numbers in files are little-endian");
 
 /// The cells' values in index order, whether or not they have a record.
 class AllCells {
@@ -20,7 +17,6 @@ class AllCells {
       : grid_(*contents.m_pGrid), cellClass_(contents.m_pCellClass) {
     if (PackedSize() == 0) return;
     defaults_ = cellClass_->CreateInstance();
-    if (defaults_ == ClassInstance::None) throw std::bad_alloc();
   }
   ~AllCells() {
     if (cellClass_ != nullptr) cellClass_->DestroyInstance(defaults_);
@@ -53,43 +49,26 @@ class AllCells {
   ClassInstance defaults_ = ClassInstance::None;
 };
 
-/// The string members of the cell class: where their handles lie, and the texts.
-class CellTexts {
- public:
-  explicit CellTexts(ClassDef* cellClass) {
-    if (cellClass == nullptr) return;
-    texts_ = &cellClass->Texts();
-    cellClass->LayOut();
-    std::int32_t packedOffset = 0;
-    for (const auto& member : cellClass->Members()) {
-      if (member->GetKind() == MemberKind::String) places_.push_back({packedOffset, member->GetOffset()});
-      if (member->GetKind() != MemberKind::Object) packedOffset += 4;
-    }
-  }
+/// The string members of the cell class, laid out.
+std::vector<StringPlace> TextPlaces(ClassDef* cellClass) {
+  if (!cellClass) return {};
+  cellClass->LayOut();
+  return StringPlaces(*cellClass);
+}
 
-  struct Place {
-    std::int32_t packedOffset, blockOffset;
-  };
-  const std::vector<Place>& Places() const { return places_; }
-
-  std::string_view Text(const std::byte* block, const Place& place) const {
-    return texts_->Text(LoadSlot<TextHandle>(block + place.blockOffset));
-  }
-
- private:
-  const TextArena* texts_ = nullptr;
-  std::vector<Place> places_;
-};
+std::string_view TextIn(const std::byte* block, const StringPlace& place) {
+  return place.member->Text(block + place.member->GetOffset());
+}
 
 void Put(std::streambuf& out, const void* bytes, std::size_t count) {
   out.sputn(static_cast<const char*>(bytes), static_cast<std::streamsize>(count));
 }
 
-void WriteDataBlock(const AllCells& cells, const CellTexts& texts, std::streambuf& out,
+void WriteDataBlock(const AllCells& cells, const std::vector<StringPlace>& texts, std::streambuf& out,
                     MapProgress& progress) {
   const std::int32_t count = cells.Grid().CellCount();
-  const std::int32_t head[] = {cells.Grid().Width(), cells.Grid().Height(), count};
-  Put(out, head, sizeof head);
+  const BlockHead head{.width = cells.Grid().Width(), .height = cells.Grid().Height(), .count = count};
+  Put(out, &head, sizeof head);
 
   std::vector<std::byte> row(static_cast<std::size_t>(cells.PackedSize()));
   const std::vector<BlockRun> runs = row.empty() ? std::vector<BlockRun>() : cells.CellClass()->PackedRuns();
@@ -98,9 +77,9 @@ void WriteDataBlock(const AllCells& cells, const CellTexts& texts, std::streambu
     for (const BlockRun& run : runs) {
       std::memcpy(&row[run.packedOffset], block + run.blockOffset, static_cast<std::size_t>(run.bytes));
     }
-    for (const CellTexts::Place& place : texts.Places()) {
+    for (const StringPlace& place : texts) {
       StoreSlot(&row[place.packedOffset], textPosition);
-      textPosition += static_cast<std::uint32_t>(texts.Text(block, place).size() + 1);
+      textPosition += static_cast<std::uint32_t>(TextIn(block, place).size() + 1);
     }
     Put(out, row.data(), row.size());
     progress.Step(index, count);
@@ -108,11 +87,11 @@ void WriteDataBlock(const AllCells& cells, const CellTexts& texts, std::streambu
   });
 }
 
-void WriteTextBlock(const AllCells& cells, const CellTexts& texts, std::streambuf& out) {
-  if (texts.Places().empty()) return;
+void WriteTextBlock(const AllCells& cells, const std::vector<StringPlace>& texts, std::streambuf& out) {
+  if (texts.empty()) return;
   cells.ForEach([&](std::int32_t, const std::byte* block) {
-    for (const CellTexts::Place& place : texts.Places()) {
-      const std::string_view text = texts.Text(block, place);
+    for (const StringPlace& place : texts) {
+      const std::string_view text = TextIn(block, place);
       Put(out, text.data(), text.size());
       out.sputc('\0');
     }
@@ -123,18 +102,16 @@ void WriteTextBlock(const AllCells& cells, const CellTexts& texts, std::streambu
 }  // namespace
 
 std::uint64_t MeasureDataBlock(const MapContents& contents) {
-  const std::int32_t rowBytes = contents.m_pCellClass == nullptr ? 0 : contents.m_pCellClass->PackedSize();
-  return 12 +
-         static_cast<std::uint64_t>(contents.m_pGrid->CellCount()) * static_cast<std::uint64_t>(rowBytes);
+  return static_cast<std::uint64_t>(DataBlockBytes(contents.m_pGrid->CellCount(), contents.m_pCellClass));
 }
 
 std::uint64_t MeasureTextBlock(const MapContents& contents, std::uint64_t limit) {
   const AllCells cells(contents);
-  const CellTexts texts(cells.CellClass());
+  const std::vector<StringPlace> texts = TextPlaces(contents.m_pCellClass);
   std::uint64_t bytes = 0;
-  if (texts.Places().empty()) return 0;
+  if (texts.empty()) return 0;
   cells.ForEach([&](std::int32_t, const std::byte* block) {
-    for (const CellTexts::Place& place : texts.Places()) bytes += texts.Text(block, place).size() + 1;
+    for (const StringPlace& place : texts) bytes += TextIn(block, place).size() + 1;
     return bytes <= limit;
   });
   return bytes;
@@ -142,7 +119,7 @@ std::uint64_t MeasureTextBlock(const MapContents& contents, std::uint64_t limit)
 
 void WriteBlocks(const MapContents& contents, std::streambuf& out, MapProgress& progress) {
   const AllCells cells(contents);
-  const CellTexts texts(cells.CellClass());
+  const std::vector<StringPlace> texts = TextPlaces(contents.m_pCellClass);
   WriteDataBlock(cells, texts, out, progress);
   WriteTextBlock(cells, texts, out);
 }

@@ -2,6 +2,8 @@
 
 #include <fmt/format.h>
 
+#include "map/file/map_file_layout.h"
+
 namespace quorvel {
 namespace {
 
@@ -14,15 +16,15 @@ void SetInt(DataBranch& tree, std::string_view path, std::uint64_t number) {
 }
 
 void SetOffsets(DataBranch& tree, BlockOffsets offsets) {
-  SetInt(tree, "Version/Data/Offsets/Data", offsets.data);
-  SetInt(tree, "Version/Data/Offsets/Text", offsets.text);
+  SetInt(tree, kDataOffsetPath, offsets.data);
+  SetInt(tree, kTextOffsetPath, offsets.text);
 }
 
 void AddBinaryVersion(DataBranch& tree) {
   SetString(tree, "Version/Warning", "Do not manually edit this file.");
   SetOffsets(tree, {});
   for (const char* kind : {"string", "int", "float", "index"}) {
-    SetInt(tree, fmt::format("Version/Data/Sizes/{}", kind), 4);
+    SetInt(tree, fmt::format("Version/Data/Sizes/{}", kind), kValueBytes);
   }
   SetInt(tree, "Version/Data/Sizes/object", 0);
 }
@@ -30,28 +32,25 @@ void AddBinaryVersion(DataBranch& tree) {
 void AddGalaxy(DataBranch& tree, const CellGrid& grid) {
   SetInt(tree, "Objects/Galaxy/Width", static_cast<std::uint64_t>(grid.Width()));
   SetInt(tree, "Objects/Galaxy/Height", static_cast<std::uint64_t>(grid.Height()));
-  if (grid.Count() == 0) tree.GetBranch("Objects/Galaxy/Cells");  // an empty branch has a line of its own
+  if (grid.Count() == 0) tree.GetBranch(kCellsPath);  // an empty branch has a line of its own
 }
 
 }  // namespace
 
-std::unique_ptr<DataBranch> BuildFileTree(const MapContents& contents, int form, std::string_view title) {
-  const bool binary = form == kBinaryForm;
+std::unique_ptr<DataBranch> BuildFileTree(const MapContents& contents, FileForm form,
+                                          std::string_view title) {
+  const bool binary = form == FileForm::Binary;
   auto tree = std::make_unique<DataBranch>(title);
   SetString(*tree, "Version/FileType", "Orvantis.Map.Vastrel");
   SetInt(*tree, "Version/FileVersion", 0);
   SetString(*tree, "Version/CellType", "hex");
-  SetString(*tree, "Version/Data/type", kDataTypeNames[binary ? kBinaryForm : kTextForm]);
+  SetString(*tree, kDataTypePath, NameOf(form));
   if (binary) AddBinaryVersion(*tree);
   tree->AddCopy(contents.m_pClasses.get());
   SetString(*tree, "Declare/Galaxy/type", "Map");
   tree->GetBranch("Objects");
   if (!binary) AddGalaxy(*tree, *contents.m_pGrid);
   return tree;
-}
-
-std::uint64_t PaddedTextBytes(std::uint64_t textBytes) {
-  return textBytes + (4 - textBytes % 4);
 }
 
 BlockOffsets SettleOffsets(DataBranch& tree, std::uint64_t dataBytes) {

@@ -11,16 +11,13 @@ namespace quorvel {
 
 /// The tree of a map's file of that form without the cells. In the binary form its offsets are 0 until
 /// SettleOffsets.
-std::unique_ptr<DataBranch> BuildFileTree(const MapContents& contents, int form, std::string_view title);
+std::unique_ptr<DataBranch> BuildFileTree(const MapContents& contents, FileForm form, std::string_view title);
 
 /// Where the blocks of a binary file begin, in bytes from the start of the file.
 struct BlockOffsets {
   std::uint64_t data = 0;
   std::uint64_t text = 0;
 };
-
-/// Bytes of a file's text together with the zero bytes behind it, 1 to 4 of them, up to a multiple of 4.
-std::uint64_t PaddedTextBytes(std::uint64_t textBytes);
 
 /// Sets the tree's offsets for a data block of that size; since their digits count themselves, until they are
 /// true.

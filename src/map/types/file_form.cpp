@@ -6,7 +6,8 @@ namespace quorvel {
 
 int DataTypeFromName(std::string_view name) {
   const auto* found = std::find(kDataTypeNames.begin(), kDataTypeNames.end(), name);
-  return found == kDataTypeNames.end() ? kTextForm : static_cast<int>(found - kDataTypeNames.begin());
+  return found == kDataTypeNames.end() ? DataTypeOf(FileForm::Text)
+                                       : static_cast<int>(found - kDataTypeNames.begin());
 }
 
 }  // namespace quorvel

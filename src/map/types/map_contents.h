@@ -26,9 +26,15 @@ struct MapContents {
   ClassDef* m_pCellClass = nullptr;   ///< the first class "Cell" in m_pTypes, or null
   std::unique_ptr<CellGrid> m_pGrid;  ///< null until a map is made or loaded; null after a refused file
   std::unique_ptr<std::uint8_t[]>
-      m_pCellMarks;             ///< a byte a cell of the grid; bit 0: marked. Null without grid
-  int m_nDataType = kTextForm;  ///< form of the map's file
+      m_pCellMarks;  ///< a byte a cell of the grid; bit 0: marked. Null without grid
+  /// Number of the form of the map's file; see FormOf.
+  int m_nDataType = DataTypeOf(FileForm::Text);
 };
+
+/// The form in which the map is saved.
+inline FileForm FormOf(const MapContents& contents) {
+  return FileFormOf(contents.m_nDataType);
+}
 
 /// Told when a value of a cell was stored.
 class CellListener {
@@ -53,8 +59,8 @@ void MakeGrid(MapContents& contents, int width, int height);
 std::uint64_t CellBlockBytes(const MapContents& contents);
 
 /// The cell's record with a fresh instance of defaults, in place of what it may have had. None, and no record
-/// left, outside the grid or when the cell class has no bytes. Throws std::bad_alloc when memory runs out, and
-/// the cell is as it was.
+/// left, outside the grid or when the cell class has no bytes. Throws std::bad_alloc when memory runs out,
+/// and the cell is as it was.
 std::optional<CellRecord> CreateCell(MapContents& contents, CellCoord cell);
 
 }  // namespace quorvel

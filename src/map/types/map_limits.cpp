@@ -1,25 +1,16 @@
 #include "map/types/map_limits.h"
 
 #include <algorithm>
-#include <iterator>
 #include <limits>
 #include <string_view>
 
-#include <fmt/format.h>
-
-#include "map/types/file_form.h"
+#include "map/types/error_text.h"
 
 namespace quorvel {
 namespace {
 
 /// A grid keeps this many bytes for a cell beside its values: the number of its block, and its mark.
 constexpr std::uint64_t kGridBytesACell = 5;
-
-template <class... Values>
-void AppendLine(std::string& errorText, fmt::format_string<Values...> format, Values&&... values) {
-  fmt::format_to(std::back_inserter(errorText), format, std::forward<Values>(values)...);
-  errorText += '\n';
-}
 
 bool CheckSide(std::string_view name, std::int64_t cells, std::string& errorText) {
   if (cells < 1) {
@@ -44,12 +35,11 @@ bool CheckMapSize(std::int64_t width, std::int64_t height, std::string& errorTex
   return false;
 }
 
-bool CheckFileSize(int form, std::uint64_t fileBytes, std::string& errorText) {
-  const bool binary = form == kBinaryForm;
-  const std::uint64_t limit = binary ? kMaxBinaryFileBytes : kMaxTextFileBytes;
+bool CheckFileSize(FileForm form, std::uint64_t fileBytes, std::string& errorText) {
+  const std::uint64_t limit = form == FileForm::Binary ? kMaxBinaryFileBytes : kMaxTextFileBytes;
   if (fileBytes <= limit) return true;
   AppendLine(errorText, "File size {} bytes is above the limit of {} bytes for the {} form.", fileBytes,
-             limit, kDataTypeNames[binary ? kBinaryForm : kTextForm]);
+             limit, NameOf(form));
   return false;
 }
 
@@ -67,16 +57,16 @@ bool CheckAllBlocks(std::uint64_t cells, std::uint64_t blockBytes, std::string& 
   return false;
 }
 
-std::uint64_t MaxLoadedCells(int form, std::uint64_t blockBytes, std::uint64_t fileBytes) {
+std::uint64_t MaxLoadedCells(FileForm form, std::uint64_t blockBytes, std::uint64_t fileBytes) {
   if (blockBytes == 0) return std::numeric_limits<std::uint64_t>::max();
   // A binary file's texts are kept as they are, beside the values.
   const std::uint64_t bytesAnInputByte =
-      form == kBinaryForm ? kBinaryLoadBytesAnInputByte - 1 : kTextLoadBytesAnInputByte;
+      form == FileForm::Binary ? kBinaryLoadBytesAnInputByte - 1 : kTextLoadBytesAnInputByte;
   const std::uint64_t loadBytes = kLoadMemoryBaseBytes + bytesAnInputByte * fileBytes;
   return std::min(kMaxAllBlocksBytes / blockBytes, loadBytes / (blockBytes + kGridBytesACell));
 }
 
-bool CheckLoadedCells(int form, std::uint64_t cells, std::uint64_t blockBytes, std::uint64_t fileBytes,
+bool CheckLoadedCells(FileForm form, std::uint64_t cells, std::uint64_t blockBytes, std::uint64_t fileBytes,
                       std::string& errorText) {
   if (!CheckAllBlocks(cells, blockBytes, errorText)) return false;
   const std::uint64_t limit = MaxLoadedCells(form, blockBytes, fileBytes);

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <string>
 
+#include "map/types/file_form.h"
+
 namespace quorvel {
 
 /// Limits of a map and its files. Everything is checked against them before memory is taken or a file is
@@ -30,8 +32,8 @@ constexpr std::uint64_t kBinaryLoadBytesAnInputByte = 4;
 /// Whether a map may have this size. If not, a line in the error text names the limit and the value.
 bool CheckMapSize(std::int64_t width, std::int64_t height, std::string& errorText);
 
-/// Whether a file of this form (kTextForm, kBinaryForm) may have this many bytes. If not, a line says so.
-bool CheckFileSize(int form, std::uint64_t fileBytes, std::string& errorText);
+/// Whether a file of this form may have this many bytes. If not, a line says so.
+bool CheckFileSize(FileForm form, std::uint64_t fileBytes, std::string& errorText);
 
 /// Whether one cell's values may take this many bytes. If not, a line says so.
 bool CheckCellBlock(std::uint64_t blockBytes, std::string& errorText);
@@ -40,10 +42,10 @@ bool CheckCellBlock(std::uint64_t blockBytes, std::string& errorText);
 bool CheckAllBlocks(std::uint64_t cells, std::uint64_t blockBytes, std::string& errorText);
 
 /// Most cells whose values of `blockBytes` each may be held when a file of `fileBytes` is loaded.
-std::uint64_t MaxLoadedCells(int form, std::uint64_t blockBytes, std::uint64_t fileBytes);
+std::uint64_t MaxLoadedCells(FileForm form, std::uint64_t blockBytes, std::uint64_t fileBytes);
 
 /// Whether so many cells are within CheckAllBlocks and MaxLoadedCells. If not, a line says so.
-bool CheckLoadedCells(int form, std::uint64_t cells, std::uint64_t blockBytes, std::uint64_t fileBytes,
+bool CheckLoadedCells(FileForm form, std::uint64_t cells, std::uint64_t blockBytes, std::uint64_t fileBytes,
                       std::string& errorText);
 
 }  // namespace quorvel

@@ -35,13 +35,13 @@ QWidget* WindowMapDialogs::Parent() const {
   return parent_ ? parent_.data() : QApplication::activeWindow();
 }
 
-std::optional<int> WindowMapDialogs::ChooseDataType(std::span<const std::string_view> names, int selected) {
+std::optional<FileForm> WindowMapDialogs::ChooseDataType(FileForm selected) {
   QStringList choices;
-  for (const std::string_view name : names) choices += FromResource(name);
+  for (const std::string_view name : kDataTypeNames) choices += FromResource(name);
   CVersionDataDialog dialog(Parent());
-  dialog.SetChoices(choices, selected);
+  dialog.SetChoices(choices, DataTypeOf(selected));
   if (dialog.exec() != QDialog::Accepted) return std::nullopt;
-  return dialog.GetSelected();
+  return FileFormOf(dialog.GetSelected());
 }
 
 std::optional<NewMapChoice> WindowMapDialogs::ChooseNewMap(const MapSizeLimits& limits,

@@ -12,7 +12,7 @@ class WindowMapDialogs : public MapDialogs {
  public:
   explicit WindowMapDialogs(QWidget* parent) : parent_(parent) {}
 
-  std::optional<int> ChooseDataType(std::span<const std::string_view> names, int selected) override;
+  std::optional<FileForm> ChooseDataType(FileForm selected) override;
   std::optional<NewMapChoice> ChooseNewMap(const MapSizeLimits& limits, const ClassDef* cellClass) override;
   std::optional<CPropertySettingList> ChooseFilter(const CPropertySettingList* current,
                                                    const ClassDef* cellClass) override;

@@ -36,13 +36,13 @@ std::string SoundMap() {
   MakeGrid(map, 3, 2);
   SetValue(map, 1, "Name", "Vega");
   SetValue(map, 4, "Count", "9");
-  return SavedAs(map, kTextForm);
+  return SavedAs(map, FileForm::Text);
 }
 
 std::string BinaryMap() {
   std::string errorText;
   MapContents map = Loaded(SoundMap(), errorText);
-  return SavedAs(map, kBinaryForm);
+  return SavedAs(map, FileForm::Binary);
 }
 
 /// Number of the line that begins with this text.
@@ -73,10 +73,10 @@ TEST(MapCheck, NumbersThatAreNoneAreSoundAsTheWriterWritesThem) {
   MakeGrid(map, 3, 2);
   const char* const texts[] = {"inf", "-inf", "nan", "-nan"};
   for (int cell = 0; cell < 4; ++cell) SetValue(map, cell, "Weight", texts[cell]);
-  const std::string text = SavedAs(map, kTextForm);
+  const std::string text = SavedAs(map, FileForm::Text);
   EXPECT_THAT(text, testing::HasSubstr("Weight=-nan.\r\n"));
   EXPECT_THAT(Problems(text), IsEmpty());
-  EXPECT_THAT(Problems(SavedAs(map, kBinaryForm)), IsEmpty());
+  EXPECT_THAT(Problems(SavedAs(map, FileForm::Binary)), IsEmpty());
   EXPECT_THAT(Problems(Replaced(text, "=nan.", "=nan..")), testing::SizeIs(1));
 }
 

@@ -94,7 +94,7 @@ class Journals : public testing::Test {
     document.Adopt(std::move(map));
     return document;
   }
-  CVastrelDoc& Open(int form) {
+  CVastrelDoc& Open(FileForm form) {
     MapContents map = SampleMap(4, 3, 2);
     return static_cast<CVastrelDoc&>(*app->OpenDocumentFile(folder.Write("map.vrl", SavedAs(map, form))));
   }
@@ -127,8 +127,8 @@ TEST_F(Journals, BringBackValuesOfEveryKind) {
   } rows[] = {
       {"a new map", [&]() -> CVastrelDoc& { return New(SampleMap(4, 3, 2)); }, "Map1"},
       {"a large one", [&]() -> CVastrelDoc& { return New(LargeMapOfFewCells()); }, "Map1"},
-      {"a text file", [&]() -> CVastrelDoc& { return Open(kTextForm); }, folder / "map.vrl"},
-      {"a binary file", [&]() -> CVastrelDoc& { return Open(kBinaryForm); }, folder / "map.vrl"},
+      {"a text file", [&]() -> CVastrelDoc& { return Open(FileForm::Text); }, folder / "map.vrl"},
+      {"a binary file", [&]() -> CVastrelDoc& { return Open(FileForm::Binary); }, folder / "map.vrl"},
   };
   for (const auto& row : rows) {
     SCOPED_TRACE(row.title);
@@ -243,7 +243,7 @@ TEST_F(Journals, AreOfferedUntilTheyAreAnswered) {
 }
 
 TEST_F(Journals, LiveFromTheFirstChangeToTheSave) {
-  CVastrelDoc& document = Open(kTextForm);
+  CVastrelDoc& document = Open(FileForm::Text);
   OnEditSelectAll(document);
   EXPECT_FALSE(std::filesystem::exists(folder / "journals")) << "marks are no changes";
   for (int round = 0; round < 2; ++round) {
@@ -272,7 +272,7 @@ TEST_F(Journals, HoldAMapThatWasReplacedAsAWhole) {
 }
 
 TEST_F(Journals, RememberTheFileThatTheMapWasOpenedFrom) {
-  Store(Open(kTextForm), 0, "Count", "1");
+  Store(Open(FileForm::Text), 0, "Count", "1");
   folder.Write("map.vrl", "another program's");
   Recover({Answer::Yes});
   world.prompts.answers = {Answer::Cancel};
@@ -284,7 +284,7 @@ TEST_F(Journals, RememberTheFileThatTheMapWasOpenedFrom) {
 TEST_F(Journals, ThatCannotBeWrittenAreToldOnceAndDisturbNobody) {
   folder.Write("file", "");
   world.services.journalsFolder = folder / "file/journals";
-  CVastrelDoc& document = Open(kTextForm);
+  CVastrelDoc& document = Open(FileForm::Text);
   StoreAll(document);
   EXPECT_EQ(std::ranges::count(world.feedback.Events(),
                                "text Changes are not kept safe from a crash: Not a directory"),

@@ -59,9 +59,9 @@ class VastrelDoc : public testing::Test {
 };
 
 TEST_F(VastrelDoc, OpensWhatItSaved) {
-  for (const int form : {kTextForm, kBinaryForm}) {
+  for (const FileForm form : {FileForm::Text, FileForm::Binary}) {
     document.Adopt(SampleMap(5, 4, 1));
-    document.m_nDataType = form;
+    document.m_nDataType = DataTypeOf(form);
     ASSERT_TRUE(document.OnSaveDocument(folder / "map.vrl"));
     EXPECT_EQ(folder.Read("map.vrl"), Saved(document));
 
@@ -100,18 +100,18 @@ TEST_F(VastrelDoc, KeepsTheFileWhenAMapCannotBeSaved) {
 TEST_F(VastrelDoc, AProductMapAsksForItsFormUnderANewName) {
   document.Adopt(SampleMap(2, 2, 1));
   EXPECT_FALSE(document.OnFileSaveAs());  // the form dialog is cancelled
-  EXPECT_EQ(document.m_nDataType, kTextForm);
+  EXPECT_EQ(FormOf(document), FileForm::Text);
 
-  world.mapDialogs.forms = {kBinaryForm};
+  world.mapDialogs.forms = {FileForm::Binary};
   world.prompts.names = {std::nullopt};  // the file dialog is cancelled: the form stays chosen
   EXPECT_FALSE(document.OnFileSaveAs());
-  EXPECT_EQ(document.m_nDataType, kBinaryForm);
+  EXPECT_EQ(FormOf(document), FileForm::Binary);
 
-  world.mapDialogs.forms = {kBinaryForm};
+  world.mapDialogs.forms = {FileForm::Binary};
   world.prompts.names = {folder / "map.vrl"};
   EXPECT_TRUE(document.OnFileSaveAs());
   EXPECT_TRUE(document.OnFileSave());  // has its name now
-  EXPECT_THAT(world.mapDialogs.selectedForms, ElementsAre(kTextForm, kTextForm, kBinaryForm));
+  EXPECT_THAT(world.mapDialogs.selectedForms, ElementsAre(FileForm::Text, FileForm::Text, FileForm::Binary));
 
   document.SetOwner(owner, generic);
   world.prompts.names = {folder / "map.gdf"};
@@ -268,7 +268,7 @@ TEST_F(VastrelDoc, DoesNotSaveWhatCouldNotBeOpenedAgain) {
   document.SetTitle("Map1");
   world.mapDialogs.newMaps.emplace_back(NewMapChoice{.width = 2, .height = 2, .global = {}, .region = {}});
   world.prompts.answers = {Answer::Save};
-  world.mapDialogs.forms = {kTextForm};
+  world.mapDialogs.forms = {FileForm::Text};
   world.prompts.names = {folder / "map.vrl"};
   document.OnIdle();
   EXPECT_THAT(
@@ -281,7 +281,7 @@ TEST_F(VastrelDoc, DoesNotSaveWhatCouldNotBeOpenedAgain) {
 
 TEST_F(VastrelDoc, AFormThatIsNoneIsSavedAsText) {
   MapContents map = SampleMap(5, 4, 1);
-  const std::string text = SavedAs(map, kTextForm);
+  const std::string text = SavedAs(map, FileForm::Text);
   document.Adopt(std::move(map));
   document.m_nDataType = -1;
   ASSERT_TRUE(document.OnSaveDocument(folder / "map.vrl"));

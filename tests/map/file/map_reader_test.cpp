@@ -63,8 +63,8 @@ bool IsStreamed(const std::string& bytes) {
 
 TEST(MapReader, ReadsWhatTheWriterWrote) {
   for (std::uint32_t seed = 1; seed <= 20; ++seed) {
-    for (const int form : {kTextForm, kBinaryForm}) {
-      SCOPED_TRACE(fmt::format("seed {}, form {}", seed, form));
+    for (const FileForm form : {FileForm::Text, FileForm::Binary}) {
+      SCOPED_TRACE(fmt::format("seed {}, form {}", seed, NameOf(form)));
       MapContents contents = SampleMap(7, static_cast<int>(seed), seed);
       const std::string bytes = SavedAs(contents, form);
       std::string errorText;
@@ -73,7 +73,7 @@ TEST(MapReader, ReadsWhatTheWriterWrote) {
       EXPECT_TRUE(IsStreamed(bytes));
       EXPECT_EQ(Saved(again), bytes);
       EXPECT_EQ(again.m_pGrid->Count(),
-                form == kBinaryForm ? again.m_pGrid->CellCount() : contents.m_pGrid->Count());
+                form == FileForm::Binary ? again.m_pGrid->CellCount() : contents.m_pGrid->Count());
       EXPECT_TRUE(std::all_of(again.m_pCellMarks.get(), again.m_pCellMarks.get() + 7 * seed,
                               [](std::uint8_t mark) { return mark == 0; }));
     }
@@ -182,8 +182,8 @@ TEST(MapReader, RefusesTextFilesWithALine) {
   for (int i = 0; i < 1000; ++i) manyBig += Lines(fmt::format("[Objects/Galaxy/Cells/{}]", i));
   const std::string manyBigLine = fmt::format(
       "Values of {0} cells, 800000 bytes each, are above the limit of {1} cells for a file of {2} bytes.\n",
-      MaxLoadedCells(kTextForm, 800000, manyBig.size()) + 1,
-      MaxLoadedCells(kTextForm, 800000, manyBig.size()), manyBig.size());
+      MaxLoadedCells(FileForm::Text, 800000, manyBig.size()) + 1,
+      MaxLoadedCells(FileForm::Text, 800000, manyBig.size()), manyBig.size());
   const Row rows[] = {
       {"empty file", "", "Classes not found.\nMap definition not found.\nCell definition not found.\n"},
       {"no cell class", Lines("[Classes/Map] type='class' [Objects/Galaxy] Width=0"),
@@ -219,7 +219,7 @@ struct BinaryFile {
     MakeGrid(contents, 2, 2);
     SetValue(contents, 0, "Name", "abc");
     SetValue(contents, 3, "Name", "last");
-    bytes = SavedAs(contents, kBinaryForm);
+    bytes = SavedAs(contents, FileForm::Binary);
     data = Offset("Data=");
     text = Offset("Text=");
   }
@@ -311,7 +311,7 @@ TEST(MapReader, TheDataBlockMayEndWithTheFile) {
   MapContents contents = ContentsOf(Lines(
       "[Classes/Map] type='class' [Classes/Cell] type='class' [Classes/Cell/a] type='int' range='0<7<9'"));
   MakeGrid(contents, 3, 1);
-  const std::string bytes = SavedAs(contents, kBinaryForm);
+  const std::string bytes = SavedAs(contents, FileForm::Binary);
   std::string errorText;
   EXPECT_EQ(Saved(Loaded(bytes, errorText)), bytes);
   EXPECT_EQ(errorText, "");
@@ -320,12 +320,12 @@ TEST(MapReader, TheDataBlockMayEndWithTheFile) {
 }
 
 TEST(MapReader, ReadsFilesCutAnywhereOrRefusesThem) {
-  for (const int form : {kTextForm, kBinaryForm}) {
+  for (const FileForm form : {FileForm::Text, FileForm::Binary}) {
     MapContents contents = SampleMap(3, 3, 5);
     const std::string bytes = SavedAs(contents, form);
     int loaded = 0;
     for (std::size_t length = 0; length < bytes.size(); ++length) {
-      SCOPED_TRACE(fmt::format("form {}, {} bytes", form, length));
+      SCOPED_TRACE(fmt::format("form {}, {} bytes", NameOf(form), length));
       std::string errorText;
       loaded += LoadedByBothRoads(bytes.substr(0, length), errorText).m_pGrid != nullptr ? 1 : 0;
     }
@@ -355,7 +355,8 @@ TEST(MapReader, BothRoadsAgreeOnDamagedFiles) {
   int streamed = 0;
   for (std::uint32_t round = 0; round < 1500; ++round) {
     MapContents contents = SampleMap(3, 4, round % 50);
-    const std::string bytes = Mutated(SavedAs(contents, round % 8 == 0 ? kBinaryForm : kTextForm), random);
+    const std::string bytes =
+        Mutated(SavedAs(contents, round % 8 == 0 ? FileForm::Binary : FileForm::Text), random);
     SCOPED_TRACE(bytes);
     std::string errorText;
     LoadedByBothRoads(bytes, errorText);
@@ -379,7 +380,7 @@ class ForwardOnly : public std::stringbuf {
 };
 
 TEST(MapReader, ReadsInputThatCannotSeek) {
-  for (const int form : {kTextForm, kBinaryForm}) {
+  for (const FileForm form : {FileForm::Text, FileForm::Binary}) {
     MapContents contents = SampleMap(40, 40, 3);
     const std::string bytes = SavedAs(contents, form);
     ForwardOnly pipe(bytes);
@@ -397,9 +398,10 @@ TEST(MapReader, WantOfMemoryGivesTheWholeMapOrNothing) {
   const struct {
     const char* title;
     std::string bytes;
-  } rows[] = {{"text", SavedAs(sample, kTextForm)},
-              {"text that takes the tree", SavedAs(sample, kTextForm) + Lines("[Objects/Galaxy/Cells/7]")},
-              {"binary", SavedAs(sample, kBinaryForm)}};
+  } rows[] = {
+      {"text", SavedAs(sample, FileForm::Text)},
+      {"text that takes the tree", SavedAs(sample, FileForm::Text) + Lines("[Objects/Galaxy/Cells/7]")},
+      {"binary", SavedAs(sample, FileForm::Binary)}};
   for (const auto& row : rows) {
     SCOPED_TRACE(row.title);
     std::string errorText;

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include "data/c_numbers.h"
+#include "map/file/map_file_layout.h"
 #include "map/file/map_writer_tree.h"
 #include "platform/files/little_endian.h"
 #include "tests/map/map_samples.h"
@@ -30,7 +31,7 @@ std::string VersionLines(std::string_view form) {
 
 /// The plain way to write a text form: a tree of everything, cells included.
 std::string SavedThroughTree(const MapContents& contents) {
-  const auto tree = BuildFileTree(contents, contents.m_nDataType, "Title");
+  const auto tree = BuildFileTree(contents, FormOf(contents), "Title");
   const CellGrid& grid = *contents.m_pGrid;
   DataBranch* cells = tree->GetBranch("Objects/Galaxy/Cells");
   for (auto record = grid.Following(-1); record; record = grid.Following(record->index)) {
@@ -96,7 +97,7 @@ TEST(MapWriter, WritesTheBinaryFormByteForByte) {
                              SampleClasses() + Lines("[Declare/Galaxy] type='Map' [Objects]");
   ASSERT_EQ(header.size(), 855U);
   // The cell without a record is written with the defaults; equal texts would be written again.
-  EXPECT_EQ(SavedAs(contents, kBinaryForm),
+  EXPECT_EQ(SavedAs(contents, FileForm::Binary),
             header + std::string(1, '\0') + LittleEndian({2, 1, 2}) +
                 LittleEndian({0, 5, 0x3fc00000, 0, 5, 0xfffffffe, 0x3f000000, 2}) +
                 std::string("none\0abc\0", 9));
@@ -131,14 +132,14 @@ TEST(MapWriter, ReportsEveryCellInOrder) {
   SetValue(contents, 0, "v", "1");
   SetValue(contents, 2, "v", "2");
   struct Row {
-    int form;
+    FileForm form;
     std::vector<std::string> progress;
   };
-  const Row rows[] = {{kTextForm, {"progress 0", "progress 50"}},
-                      {kBinaryForm, {"progress 0", "progress 33", "progress 66"}}};
+  const Row rows[] = {{FileForm::Text, {"progress 0", "progress 50"}},
+                      {FileForm::Binary, {"progress 0", "progress 33", "progress 66"}}};
   for (const Row& row : rows) {
-    SCOPED_TRACE(row.form);
-    contents.m_nDataType = row.form;
+    SCOPED_TRACE(NameOf(row.form));
+    contents.m_nDataType = DataTypeOf(row.form);
     std::string errorText;
     const auto plan = PlanMapFile(contents, "", errorText);
     std::stringbuf file;
@@ -158,7 +159,7 @@ TEST(MapWriter, RefusesBeforeTheFirstByte) {
 
   // 3000 cells that share a text of 1 MB: some 3 GB when each cell's copy is written.
   MapContents contents = ContentsOf(SampleClasses());
-  contents.m_nDataType = kBinaryForm;
+  contents.m_nDataType = DataTypeOf(FileForm::Binary);
   MakeGrid(contents, 3000, 1);
   SetValue(contents, 0, "Name", std::string(1000000, 'x'));
   const MemberDef* name = contents.m_pCellClass->FindMember("Name");

@@ -286,7 +286,7 @@ TEST(Editing, SaveAsAsksForTheFormOfAProductMapOnly) {
         auto* forms = FindControl<QListWidget>(dialog, IDC_DATA_TYPE);
         ASSERT_TRUE(forms);
         EXPECT_EQ(forms->accessibleName(), "Data Type");
-        EXPECT_EQ(forms->currentRow(), kTextForm);
+        EXPECT_EQ(forms->currentRow(), 0);
         PressKey(*forms, Qt::Key_Down);
         Press(dialog, IDOK);
       });
@@ -294,7 +294,7 @@ TEST(Editing, SaveAsAsksForTheFormOfAProductMapOnly) {
     script.emplace_back([&](QDialog& dialog) { NameFile(dialog, editor.folder / ("new-" + name)); });
     WhenModals(script);
     editor.Run(ID_FILE_SAVE_AS);
-    EXPECT_EQ(document.m_nDataType, isProduct ? kBinaryForm : kTextForm);
+    EXPECT_EQ(FormOf(document), isProduct ? FileForm::Binary : FileForm::Text);
     EXPECT_EQ(document.GetTitle(), "new-" + name);
     const std::string saved = editor.folder.Read("new-" + name);
     EXPECT_NE(saved.find(isProduct ? "type=\"binary\"" : "type=\"text\""), saved.npos);
