@@ -124,6 +124,45 @@ TEST(SafeOutput, WantOfMemoryIsTroubleAndKeepsTheOutput) {
   EXPECT_EQ(ReadBytes(out), "old");
   EXPECT_EQ(folder.Names().size(), 2U);
 }
+
+/// The least memory with which the tool comes to main: below it the loader gives up.
+std::size_t MemoryToStart() {
+  constexpr std::size_t kStepBytes = 200'000;
+  RunSettings narrow;
+  narrow.memoryBytes = 20'000'000;
+  ToolRun run;
+  while ((run = RunMapTool({"--version"}, narrow)).code == 127) narrow.memoryBytes += kStepBytes;
+  return narrow.memoryBytes;
+}
+
+// A cell that found no memory was left out, and the map without it saved.
+TEST(SafeOutput, WantOfMemoryLosesNoCell) {
+  const TempFolder folder;
+  std::string text = TypesText() + WithCrLf("[Objects/Galaxy]\nWidth=400\nHeight=400\n");
+  for (int cell = 0; cell < 160'000; ++cell)
+    text += "[Objects/Galaxy/Cells/" + std::to_string(cell) + "]\r\nname=\"star\"\r\n";
+  const std::string in = folder.Write("in.vrl", text), binary = folder / "binary.vrl";
+  ASSERT_EQ(RunMapTool({"convert", "--form", "binary", in, binary}).code, 0);
+  const std::string whole = ReadBytes(binary), out = folder.Write("out.vrl", "old");
+  const std::size_t least = MemoryToStart();
+  for (const std::string& input : {in, binary}) {
+    SCOPED_TRACE(input);
+    constexpr std::size_t kStepBytes = 1'000'000;
+    RunSettings narrow;
+    narrow.memoryBytes = least + kStepBytes;
+    int refused = 0;
+    folder.Write("out.vrl", "old");
+    for (;; narrow.memoryBytes += kStepBytes, ++refused) {
+      const ToolRun run = RunMapTool({"convert", "--form", "binary", input, out}, narrow);
+      if (run.code == 0) break;
+      ASSERT_EQ(run.code, 2) << narrow.memoryBytes << " bytes: " << run.err;
+      EXPECT_THAT(run.err, HasSubstr("memory"));
+      EXPECT_EQ(ReadBytes(out), "old");
+    }
+    EXPECT_GT(refused, 1);
+    EXPECT_TRUE(ReadBytes(out) == whole);
+  }
+}
 #endif
 
 }  // namespace
