@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <new>
 
 #include <QImage>
 
@@ -24,6 +25,7 @@ bool RenderPng(const MapContents& map, const PictureRequest& request, std::strea
   const std::int64_t bandRows =
       std::clamp<std::int64_t>(kPictureBandBytes / (part.Width() * 4), 1, part.Height());
   QImage band(static_cast<int>(part.Width()), static_cast<int>(bandRows), QImage::Format_RGB32);
+  if (band.isNull()) throw std::bad_alloc();
   PngWriter writer(out, static_cast<std::uint32_t>(part.Width()), static_cast<std::uint32_t>(part.Height()));
   MapPainter painter;
   PictureProgress progress(feedback);

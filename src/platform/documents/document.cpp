@@ -81,7 +81,7 @@ bool CDocument::OnNewDocument() {
   return true;
 }
 
-bool CDocument::OnOpenDocument(const std::string& path) {
+bool CDocument::OnOpenDocument(const std::string& path) try {
   if (!claim_.Claim(path) && !Confirm(fmt::format("{} is open in another editor.\nOpen it anyway?", path)))
     return false;
   const BusyScope busy(owner_);
@@ -89,13 +89,14 @@ bool CDocument::OnOpenDocument(const std::string& path) {
   const bool loaded = Load(path, reason);
   if (!reason.empty()) Report("open", path, reason);
   return loaded;
+} catch (const std::bad_alloc&) {
+  Report("open", path, kNoMemory);
+  return false;
 }
 
-Outcome CDocument::TrySerialize(CArchive& archive) try {
-  const Outcome outcome = Serialize(archive);
+Outcome CDocument::SerializeFile(CArchive& archive) {
+  const Outcome outcome = archive.FileError().empty() ? Serialize(archive) : Outcome::FileTrouble;
   return archive.FileError().empty() ? outcome : Outcome::FileTrouble;
-} catch (const std::bad_alloc&) {
-  return Outcome::NoMemory;
 }
 
 /// False with an empty reason: the document itself told it.
@@ -103,14 +104,14 @@ bool CDocument::Load(const std::string& path, std::string& reason) {
   stamp_ = FileStamp::Of(path);  // before reading: a change meanwhile must not go unseen
   FileSource source(path, FileSource::Accept::PlainFilesOnly);
   CArchive archive(source);
-  const Outcome outcome = source.IsOpen() ? TrySerialize(archive) : Outcome::FileTrouble;
+  const Outcome outcome = SerializeFile(archive);
   if (outcome == Outcome::FileTrouble) reason = source.Error();
   if (outcome == Outcome::NoMemory) reason = kNoMemory;
   if (outcome == Outcome::Done) SetModifiedFlag(false);
   return outcome == Outcome::Done;
 }
 
-bool CDocument::OnSaveDocument(const std::string& path) {
+bool CDocument::OnSaveDocument(const std::string& path) try {
   if (path == pathName_ && stamp_.IsChanged(path) &&
       !Confirm(fmt::format("{} was changed by another program.\nReplace it?", path)))
     return false;
@@ -120,13 +121,16 @@ bool CDocument::OnSaveDocument(const std::string& path) {
   if (!reason.empty()) Report("save", path, reason);
   if (stored) SetModifiedFlag(false);
   return stored;
+} catch (const std::bad_alloc&) {
+  Report("save", path, kNoMemory);
+  return false;
 }
 
 /// False with an empty reason: the document itself told it.
 bool CDocument::Store(const std::string& path, std::string& reason) {
   AtomicFile target(path);
   CArchive archive(target);
-  const Outcome outcome = target.IsGood() ? TrySerialize(archive) : Outcome::FileTrouble;
+  const Outcome outcome = SerializeFile(archive);
   if (outcome == Outcome::NoMemory) reason = kNoMemory;
   if (outcome == Outcome::NoMemory || outcome == Outcome::Refused) return false;
   if (target.Commit(reason)) return true;

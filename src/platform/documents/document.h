@@ -104,7 +104,7 @@ class CDocument {
   void ResumeFile(const std::string& path, const FileStamp& stamp);
 
  private:
-  Outcome TrySerialize(CArchive& archive);
+  Outcome SerializeFile(CArchive& archive);
   bool Load(const std::string& path, std::string& reason);
   bool Store(const std::string& path, std::string& reason);
   std::optional<std::string> AskForFileName();

@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <cstdio>
+#include <new>
 #include <string_view>
 
 #include <QApplication>
@@ -60,7 +62,7 @@ int RunEditor(const quorvel::CCommandLineInfo& commandLine) {
 
 }  // namespace
 
-int main(int argc, char** argv) {
+int main(int argc, char** argv) try {
   if (argc > 1 && AsksForText(argc, argv)) return quorvel::ParseCommandLine(argc, argv).exitCode;
   QApplication application(argc, argv);  // takes the toolkit's own options out of argv
   QApplication::setStyle(new quorvel::FrameStyle);
@@ -68,4 +70,7 @@ int main(int argc, char** argv) {
   QGuiApplication::setDesktopFileName(QStringLiteral("quorvel"));
   const quorvel::CommandLineResult parsed = quorvel::ParseCommandLine(argc, argv);
   return parsed.isDone ? parsed.exitCode : RunEditor(parsed.info);
+} catch (const std::bad_alloc&) {
+  std::fputs("quorvel: not enough memory\n", stderr);
+  return 2;
 }

@@ -20,6 +20,7 @@ namespace quorvel {
 namespace {
 
 using testing::ElementsAre;
+using testing::IsEmpty;
 
 /// An application of one document, which it does not own.
 class OneDocument : public DocumentOwner {
@@ -73,6 +74,45 @@ TEST_F(VastrelDoc, OpensWhatItSaved) {
     EXPECT_TRUE(world.mapDialogs.limits.empty());
   }
   EXPECT_TRUE(world.prompts.messages.empty());
+}
+
+TEST_F(VastrelDoc, WantOfMemoryKeepsTheFileOnSaveAndOpensNothing) {
+  document.Adopt(SampleMap(5, 4, 1));
+  const std::string path = folder / "map.vrl", whole = Saved(document);
+  bool isDone = false;
+  int refused = 0;
+  const auto check = [&](const char* verb) {
+    const std::vector<std::string> messages = world.prompts.TakeMessages();
+    if (isDone) {
+      EXPECT_THAT(messages, IsEmpty());
+    } else {
+      ++refused;
+      EXPECT_THAT(messages, ElementsAre(std::string("Cannot ") + verb + " " + path + ":\nNot enough memory"));
+    }
+  };
+  folder.Write("map.vrl", "old");
+  document.SetModifiedFlag();
+  FailEveryAllocation([&] { isDone = document.OnSaveDocument(path); },
+                      [&] {
+                        check("save");
+                        EXPECT_EQ(document.IsModified(), !isDone);
+                        EXPECT_EQ(folder.Read("map.vrl"), isDone ? whole : "old");
+                        EXPECT_THAT(folder.Names(), ElementsAre("map.vrl"));
+                        document.SetModifiedFlag();
+                        folder.Write("map.vrl", "old");
+                      });
+  EXPECT_GT(refused, 20);
+
+  refused = 0;
+  folder.Write("map.vrl", whole);
+  auto fresh = std::make_unique<CVastrelDoc>(world.services);
+  FailEveryAllocation([&] { isDone = fresh->OnOpenDocument(path); },
+                      [&] {
+                        check("open");
+                        EXPECT_EQ(fresh->m_pGrid != nullptr, isDone);
+                        fresh = std::make_unique<CVastrelDoc>(world.services);
+                      });
+  EXPECT_GT(refused, 20);
 }
 
 TEST_F(VastrelDoc, ShowsTheErrorTextOfAFileOnce) {
