@@ -2,14 +2,16 @@
 
 #include <algorithm>
 #include <new>
+#include <utility>
+#include <vector>
 
 #include "map/check/map_check_cells.h"
 #include "map/check/map_check_header.h"
 #include "map/check/map_check_text.h"
-#include "map/check/map_check_types.h"
 #include "map/file/map_reader.h"
 #include "map/types/definitions.h"
 #include "map/types/map_size_limits.h"
+#include "map/types/type_reader.h"
 
 namespace quorvel {
 
@@ -35,6 +37,16 @@ Outcome Load(std::streambuf& file, const NumberedText& text, MapContents& conten
   }
   ReportLines(errorText, report);
   return Outcome::Done;
+}
+
+/// The types are read again, of nodes whose lines are known.
+void CheckTypes(const NumberedText& text, const ProblemSink& report) {
+  const DataBranch* classes = text.Tree().FindBranch("Classes");
+  if (!classes) return;
+  TypeList types;
+  std::vector<TypeProblem> problems;
+  ReadTypes(*classes, types, &problems);
+  for (TypeProblem& problem : problems) report({text.LineOf(*problem.node), std::move(problem.text)});
 }
 
 void CheckMapClass(const ClassDef* mapClass, const ProblemSink& report) {
