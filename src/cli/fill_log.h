@@ -1,14 +1,14 @@
 #pragma once
 
 #include "cli/results.h"
-#include "map/types/map_contents.h"
+#include "map/fill/make_map.h"
 #include "platform/documents/feedback.h"
 
 namespace quorvel {
 
 /// Every event of a fill, one a line in the order of arrival: `show`, `hide`, `progress N`, `text MESSAGE`
 /// (the bare word clears it) and `update INDEX` for a cell that got a value.
-class FillLog : public NullFeedback, public CellListener {
+class FillLog : public NullFeedback, public NewMapListener {
  public:
   explicit FillLog(Results& out) : out_(out) {}
 

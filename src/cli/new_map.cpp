@@ -2,10 +2,8 @@
 
 #include "cli/tree_file.h"
 #include "map/document/locate_definitions.h"
-#include "map/fill/fill_settings.h"
-#include "map/fill/map_fill.h"
+#include "map/fill/make_map.h"
 #include "map/types/definitions.h"
-#include "map/types/map_size_limits.h"
 #include "platform/documents/clock.h"
 
 namespace quorvel {
@@ -17,12 +15,11 @@ class NewMapMaker {
  public:
   NewMapMaker(Console& console, const NewMapRequest& request) : console_(console), request_(request) {}
 
-  MapInput Make(Feedback& feedback, CellListener& listener) {
+  MapInput Make(Feedback& feedback, NewMapListener& listener) {
     ReadSettingsFile();
     if (IsGood()) BuildDefinitions();
     if (IsGood()) ReadFill();
-    if (IsGood()) MakeEmptyMap();
-    if (IsGood() && fill_) Fill(feedback, listener);
+    if (IsGood()) request_.settingsPath ? MakeFilled(feedback, listener) : MakeEmpty();
     return std::move(map_);
   }
 
@@ -41,7 +38,7 @@ class NewMapMaker {
   }
 
   void BuildDefinitions() {
-    if (!request_.definitionsPath && settings_.FindBranch("Classes") != nullptr) {
+    if (!request_.definitionsPath && settings_.FindBranch("Classes")) {
       typesPath_ = *request_.settingsPath;
       BuildTypes(settings_, map_.contents, map_.errorText);
     } else {
@@ -58,56 +55,45 @@ class NewMapMaker {
     return DefaultDefinitionsPath(store);
   }
 
+  /// What the request gives wins.
   void ReadFill() {
-    if (!request_.settingsPath) return;
-    fill_ = ReadFillSettings(settings_, map_.contents.m_pCellClass, map_.errorText);
-    Judge(*request_.settingsPath);
-  }
-
-  NewMapSize Size() const {
-    if (request_.size) return *request_.size;
-    MapSizeLimits limits;
-    GetMapSizeLimits(map_.contents.m_pMapClass, limits);
-    std::int32_t width = limits.defaultWidth.value_or(0), height = limits.defaultHeight.value_or(0);
-    if (fill_) {
-      width = fill_->width.value_or(width);
-      height = fill_->height.value_or(height);
+    if (request_.settingsPath) {
+      auto fill = ReadFillSettings(settings_, map_.contents.m_pCellClass, map_.errorText);
+      if (fill) fill_ = std::move(*fill);
+      Judge(*request_.settingsPath);
     }
-    return {ClampNewMapSide(width), ClampNewMapSide(height)};
+    if (request_.size) fill_.width = request_.size->width, fill_.height = request_.size->height;
+    if (request_.seed) fill_.seed = request_.seed;
   }
 
-  void MakeEmptyMap() {
-    const NewMapSize size = Size();
-    const auto isLegal = fill_ ? &CheckFullMap : &CheckMap;
-    if (isLegal(map_.contents, size.width, size.height, map_.errorText))
-      MakeGrid(map_.contents, size.width, size.height);
+  void MakeEmpty() {
+    MapContents& contents = map_.contents;
+    MakeEmptyMap(contents, SizeOfNewMap(fill_, contents.m_pMapClass), map_.errorText);
     Judge(typesPath_);
   }
 
-  std::uint32_t Seed() const {
-    if (request_.seed) return *request_.seed;
-    if (fill_->seed) return *fill_->seed;
-    const auto seed = static_cast<std::uint32_t>(SystemClock().Seconds());
-    console_.Complain("seed " + std::to_string(seed) + " taken from the clock");
-    return seed;
-  }
-
-  void Fill(Feedback& feedback, CellListener& listener) {
-    FillMap(map_.contents, fill_->global, fill_->region, Seed(), feedback, listener);
+  void MakeFilled(Feedback& feedback, NewMapListener& listener) {
+    const bool takesClock = !fill_.seed;
+    if (takesClock) fill_.seed = static_cast<std::uint32_t>(SystemClock().Seconds());
+    MakeMap(map_.contents, fill_, feedback, listener, map_.errorText);
+    Judge(typesPath_);
+    if (takesClock && IsGood())
+      console_.Complain("seed " + std::to_string(*fill_.seed) + " taken from the clock");
   }
 
   Console& console_;
   const NewMapRequest& request_;
   DataBranch settings_{""};
-  std::string typesPath_;  ///< the file that declared the types
-  std::optional<FillSettings> fill_;
+  /// The file that declared the types.
+  std::string typesPath_;
+  FillSettings fill_;
   MapInput map_;
 };
 
 }  // namespace
 
 MapInput MakeNewMap(Console& console, const NewMapRequest& request, Feedback& feedback,
-                    CellListener& listener) {
+                    NewMapListener& listener) {
   return NewMapMaker(console, request).Make(feedback, listener);
 }
 

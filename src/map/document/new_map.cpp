@@ -8,9 +8,8 @@
 
 #include "map/document/locate_definitions.h"
 #include "map/document/vastrel_doc.h"
-#include "map/fill/fill_settings.h"
 #include "map/fill/kept_fills.h"
-#include "map/fill/map_fill.h"
+#include "map/fill/make_map.h"
 #include "map/types/definitions.h"
 #include "map/types/map_limits.h"
 #include "map/types/map_size_limits.h"
@@ -24,6 +23,21 @@ constexpr std::size_t kMaxCauseBytes = 254;
 std::string FileErrorText(const std::string& path, const std::string& cause) {
   return fmt::format("'{}'\nFile error.\nCause: {}", path, cause.substr(0, kMaxCauseBytes));
 }
+
+/// Shows a document's map while it is filled. From its grid on the document is modified.
+class ShowsNewMap : public NewMapListener {
+ public:
+  explicit ShowsNewMap(CVastrelDoc& document) : document_(document) {}
+
+  void OnGridMade() override {
+    document_.SetModifiedFlag();
+    document_.UpdateAllViews(nullptr);
+  }
+  void OnCellChanged(const CellRecord& record) override { document_.OnCellChanged(record); }
+
+ private:
+  CVastrelDoc& document_;
+};
 
 }  // namespace
 
@@ -59,9 +73,7 @@ bool CVastrelDoc::CreateNewMap(std::string& errorText) {
 }
 
 void CVastrelDoc::MakeEmptyMap(int width, int height, std::string& errorText) {
-  if (!CheckMap(*this, width, height, errorText)) return;
-  MakeGrid(*this, width, height);
-  UpdateAllViews(nullptr);
+  if (quorvel::MakeEmptyMap(*this, {width, height}, errorText)) UpdateAllViews(nullptr);
 }
 
 void CVastrelDoc::FillNewMap(NewMapChoice&& choice, std::string& errorText) {
@@ -70,12 +82,9 @@ void CVastrelDoc::FillNewMap(NewMapChoice&& choice, std::string& errorText) {
                               .seed = static_cast<std::uint32_t>(services_.clock.Seconds()),
                               .global = std::move(choice.global),
                               .region = std::move(choice.region)};
-  if (!CheckFullMap(*this, *settings.width, *settings.height, errorText)) return;
   const WaitCursor wait(services_.feedback);
-  SetModifiedFlag();
-  MakeGrid(*this, *settings.width, *settings.height);
-  UpdateAllViews(nullptr);
-  FillMap(*this, settings.global, settings.region, *settings.seed, services_.feedback, *this);
+  ShowsNewMap shows(*this);
+  if (!MakeMap(*this, settings, services_.feedback, shows, errorText)) return;
   PumpOnly pump(services_.feedback);
   KeepMap(pump);
 

@@ -12,8 +12,6 @@
 namespace quorvel {
 namespace {
 
-constexpr std::int32_t kMostNewMapSide = 1000;
-
 /// What tells the values of a property apart: the share of the cells they get, or the place where they begin.
 enum class Spread { Shares, Origins };
 
@@ -140,7 +138,7 @@ void WriteSettings(const CPropertySettingList& list, Spread spread, DataBranch& 
 }  // namespace
 
 std::int32_t ClampNewMapSide(std::int32_t cells) {
-  return std::clamp(cells, 1, kMostNewMapSide);
+  return std::clamp(cells, 1, kMaxNewMapSide);
 }
 
 std::optional<FillSettings> ReadFillSettings(const DataBranch& file, const ClassDef* cellClass,

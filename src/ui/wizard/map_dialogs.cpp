@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "map/fill/fill_settings.h"
 #include "ui/dialogs/version_data_dialog.h"
 #include "ui/resources/shown_text.h"
 #include "ui/wizard/cell_properties_page.h"
@@ -11,15 +12,12 @@
 namespace quorvel {
 namespace {
 
-/// What the sliders range over where the definitions say nothing.
-constexpr int kSmallestSide = 1;
-constexpr int kLargestSide = 1000;
-
+/// Where the definitions say nothing the sliders range over all that a new map may have.
 void GiveSizeLimits(CWizMapProperties& page, const MapSizeLimits& limits) {
-  const int minWidth = limits.minWidth.value_or(kSmallestSide);
-  const int minHeight = limits.minHeight.value_or(kSmallestSide);
-  page.SetSizeLimits(minWidth, minHeight, limits.maxWidth.value_or(kLargestSide),
-                     limits.maxHeight.value_or(kLargestSide), limits.defaultWidth.value_or(minWidth),
+  const int minWidth = limits.minWidth.value_or(1);
+  const int minHeight = limits.minHeight.value_or(1);
+  page.SetSizeLimits(minWidth, minHeight, limits.maxWidth.value_or(kMaxNewMapSide),
+                     limits.maxHeight.value_or(kMaxNewMapSide), limits.defaultWidth.value_or(minWidth),
                      limits.defaultHeight.value_or(minHeight));
 }
 
