@@ -18,7 +18,7 @@
 
 #include "platform/files/file_calls.h"
 #include "platform/files/little_endian.h"
-#include "platform/files/state_folder.h"
+#include "platform/files/xdg_folders.h"
 
 namespace quorvel {
 

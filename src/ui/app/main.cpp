@@ -10,7 +10,7 @@
 
 #include "platform/files/edit_journal.h"
 #include "platform/files/end_by_signal.h"
-#include "platform/files/state_folder.h"
+#include "platform/files/xdg_folders.h"
 #include "ui/app/command_line.h"
 #include "ui/app/map_editor_app.h"
 #include "ui/dialogs/qt_prompts.h"

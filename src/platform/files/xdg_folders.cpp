@@ -1,4 +1,4 @@
-#include "platform/files/state_folder.h"
+#include "platform/files/xdg_folders.h"
 
 #include <cstdlib>
 
