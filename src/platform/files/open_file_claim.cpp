@@ -1,7 +1,6 @@
 #include "platform/files/open_file_claim.h"
 
 #include <cerrno>
-#include <cstdlib>
 #include <filesystem>
 #include <utility>
 
@@ -13,15 +12,17 @@
 
 #include <fmt/format.h>
 
+#include "platform/files/xdg_folders.h"
+
 namespace quorvel {
 
 namespace {
 
 /// One name for all paths that lead to the file; empty: there is no place for claims.
 std::string LockPathFor(const std::string& path) {
-  const char* runtime = std::getenv("XDG_RUNTIME_DIR");
-  if (runtime == nullptr || runtime[0] != '/') return {};
-  const std::string folder = std::string(runtime) + "/quorvel";
+  std::string folder = RuntimeFolder();
+  if (folder.empty()) return {};
+  folder += "/quorvel";
   mkdir(folder.c_str(), 0700);  // exists, or the lock file cannot be made
 
   std::error_code failed;

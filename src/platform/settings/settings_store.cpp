@@ -1,27 +1,17 @@
 #include "platform/settings/settings_store.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <filesystem>
 
 #include "data/ascii_case.h"
 #include "platform/files/folder_lock.h"
+#include "platform/files/xdg_folders.h"
 
 namespace quorvel {
 
 namespace {
 
-constexpr std::string_view kFileName = "Kelmsor/Quorvel.conf";
-
-std::string_view Environment(const char* name) {
-  const char* text = std::getenv(name);
-  return text == nullptr ? std::string_view() : text;
-}
-
-/// Relative folders in the environment count as unset.
-std::string SettingsFileIn(std::string_view folder) {
-  return folder.starts_with('/') ? std::string(folder) + "/" + std::string(kFileName) : std::string();
-}
+constexpr char kFileName[] = "Kelmsor/Quorvel.conf";
 
 std::string SettingsFileOfPrefix() {
   std::error_code ignored;
@@ -52,19 +42,9 @@ const std::string* Find(const SettingKeys& keys, std::string_view key, std::stri
 
 SettingsPlaces SettingsPlaces::FromEnvironment() {
   SettingsPlaces places;
-  places.userFile = SettingsFileIn(Environment("XDG_CONFIG_HOME"));
-  const std::string_view home = Environment("HOME");
-  if (places.userFile.empty() && home.starts_with('/'))
-    places.userFile = SettingsFileIn(std::string(home) + "/.config");
-
-  std::string_view folders = Environment("XDG_CONFIG_DIRS");
-  if (folders.empty()) folders = "/etc/xdg";
-  while (!folders.empty()) {
-    const std::size_t end = folders.find(':');
-    const std::string file = SettingsFileIn(folders.substr(0, end));
-    if (!file.empty()) places.systemFiles.push_back(file);
-    folders = end == folders.npos ? std::string_view() : folders.substr(end + 1);
-  }
+  if (const std::string folder = ConfigFolder(); !folder.empty()) places.userFile = folder + "/" + kFileName;
+  for (const std::string& folder : SystemConfigFolders())
+    places.systemFiles.push_back(folder + "/" + kFileName);
   const std::string own = SettingsFileOfPrefix();
   if (!own.empty()) places.systemFiles.push_back(own);
   return places;
