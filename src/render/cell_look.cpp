@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "map/grid/cell_label.h"
+#include "map/types/cell_marks.h"
 #include "render/colour_members.h"
 #include "render/display_text.h"
 
@@ -46,11 +47,10 @@ QStringList LabelLines(const MemberDef& member, const CellRecord& record) {
 }
 
 CellLook CellLook::Of(const MapContents& map, const MapLook& look, CellCoord cell) {
-  const int index = map.m_pGrid->IndexOf(cell);
   CellLook result;
-  result.isMarked = IsMarked(map, index);
+  result.isMarked = (IsMarked(map, cell) & 1) != 0;
   result.isCurrent = cell == look.currentCell;
-  const auto record = map.m_pGrid->Find(index);
+  const auto record = map.m_pGrid->Find(map.m_pGrid->IndexOf(cell));
   if (!record) return result;
 
   result.hasRecord = true;

@@ -31,8 +31,4 @@ struct CellLook {
   static CellLook Of(const MapContents& map, const MapLook& look, CellCoord cell);
 };
 
-inline bool IsMarked(const MapContents& map, int index) {
-  return map.m_pCellMarks != nullptr && (map.m_pCellMarks[static_cast<std::size_t>(index)] & 1) != 0;
-}
-
 }  // namespace quorvel

@@ -9,6 +9,7 @@
 
 #include <QImage>
 
+#include "map/types/cell_marks.h"
 #include "map/types/map_contents.h"
 #include "render/cell_look.h"
 #include "render/cell_shapes.h"
@@ -136,13 +137,12 @@ void Pass::PaintCell(CellCoord cell, Place column, Place row) {
   const QPoint corner(column.at, row.at);
   if (!area_.Meets(shape.ink.translated(corner))) return;
 
-  const int index = cell.row * map_.m_pGrid->Width() + cell.column;
-  if (const auto record = map_.m_pGrid->Find(index)) {
+  if (const auto record = map_.m_pGrid->Find(cell.row * map_.m_pGrid->Width() + cell.column)) {
     const CellColours colours = CellColours::Of(look_, *record);
     area_.Fill(corner, shape, colours.pen, colours.fill);
     if (look_.labels == Labels::Shown && !colours.isFaded) PaintLabel(*record, shape, corner, colours.fill);
   }
-  if (IsMarked(map_, index)) area_.Invert(corner, shape.mark);
+  if ((IsMarked(map_, cell) & 1) != 0) area_.Invert(corner, shape.mark);
   if (cell == look_.currentCell) area_.Invert(corner, shape.rim);
 }
 

@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QPainter>
 
+#include "map/types/cell_marks.h"
 #include "map/types/map_contents.h"
 #include "render/map_painter.h"
 #include "render/plain_painter.h"
@@ -151,7 +152,7 @@ void Sheet::DrawLabel(const QRect& label, const QStringList& lines) {
 
 void Sheet::DrawInvertedCells() {
   ForEachCell([this](CellCoord cell) {
-    if (IsMarked(map_, map_.m_pGrid->IndexOf(cell)) || cell == look_.currentCell) DrawInverted(cell);
+    if ((IsMarked(map_, cell) & 1) != 0 || cell == look_.currentCell) DrawInverted(cell);
   });
 }
 
@@ -159,7 +160,7 @@ void Sheet::DrawInvertedCells() {
 void Sheet::DrawInverted(CellCoord cell) {
   const CellFigure figure = CellFigure::Of(cell, metrics_, kPaperScale);
   QImage mask = cell == look_.currentCell ? plain_.RimMask(figure) : plain_.MarkMask(figure);
-  if (IsMarked(map_, map_.m_pGrid->IndexOf(cell)) && cell == look_.currentCell)
+  if ((IsMarked(map_, cell) & 1) != 0 && cell == look_.currentCell)
     QPainter(&mask).drawImage(0, 0, plain_.MarkMask(figure));
 
   const QPoint place = CornerOf(cell) - QPoint(plain_.MaskMargin(), plain_.MaskMargin());

@@ -50,16 +50,6 @@ void ShowCursor(CVastrelDoc& document, ToolCursor cursor) {
 
 }  // namespace
 
-std::uint8_t IsMarked(const MapContents& map, CellCoord cell) {
-  if (map.m_pGrid == nullptr || map.m_pCellMarks == nullptr || !map.m_pGrid->IsValid(cell)) return 0;
-  return map.m_pCellMarks[map.m_pGrid->IndexOf(cell)];
-}
-
-void SetMark(MapContents& map, CellCoord cell, std::uint8_t mark) {
-  if (map.m_pGrid == nullptr || map.m_pCellMarks == nullptr || !map.m_pGrid->IsValid(cell)) return;
-  map.m_pCellMarks[map.m_pGrid->IndexOf(cell)] = mark;
-}
-
 std::string PositionText(const CellGrid& grid, CellCoord cell) {
   if (!grid.IsValid(cell)) return {};
   return fmt::format("{}({}:{})", grid.IndexOf(cell), cell.column, cell.row);

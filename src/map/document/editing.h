@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "map/types/map_contents.h"
+#include "map/types/cell_marks.h"
 #include "platform/documents/cell_coord.h"
 
 namespace quorvel {
@@ -17,11 +17,6 @@ inline constexpr int kCellPropertyTool = 1;
 
 /// A button press, a move to another cell while it is held, and its release.
 enum class ToolPhase { Pressed = 0, Moved = 1, Released = 2 };
-
-/// The mark byte of a cell, whose bit 0 says that it is marked; 0 without a grid and outside it.
-std::uint8_t IsMarked(const MapContents& map, CellCoord cell);
-/// Stores the mark byte of a cell of the grid; anything else changes nothing.
-void SetMark(MapContents& map, CellCoord cell, std::uint8_t mark);
 
 /// "index(column:row)" of a cell of the grid; empty for any other.
 std::string PositionText(const CellGrid& grid, CellCoord cell);
