@@ -3,13 +3,12 @@
 #include <algorithm>
 
 #include "cli/dump_words.h"
+#include "data/member_kinds.h"
 #include "map/types/map_size_limits.h"
 
 namespace quorvel {
 
 namespace {
-
-constexpr std::string_view kKindNames[] = {"string", "int", "float", "index", "object"};
 
 void AppendNumber(std::string& line, std::int32_t number) {
   AppendDecimal(line, number);
@@ -42,7 +41,7 @@ void DumpMember(const MemberDef& member, Results& out) {
   line += ' ';
   AppendEscapedName(line, member.GetName());
   line += ' ';
-  line += kKindNames[static_cast<std::size_t>(member.GetKind())];
+  line += KindName(member.GetKind());
   line += ' ';
   std::visit(AppendDefault{line}, member.GetDefault());
   line += ' ';

@@ -11,17 +11,13 @@
 #include <locale.h>
 #include <stdlib.h>
 
+#include "data/trim.h"
+
 namespace quorvel {
 namespace {
 
-constexpr std::string_view kWhiteSpace = " \t\n\f\r\v";
-
 /// Longest "%f" of a float: a sign, 39 digits, the point and six decimals; in full, with room to spare.
 constexpr std::size_t kFloatTextBytes = 64;
-
-std::string_view SkipWhiteSpace(std::string_view text) {
-  return text.substr(std::min(text.find_first_not_of(kWhiteSpace), text.size()));
-}
 
 /// Cuts an optional sign off; true for a minus.
 bool TakeMinus(std::string_view& text) {
@@ -71,7 +67,7 @@ std::optional<std::uint64_t> ToMillionths(float number) {
 }  // namespace
 
 std::int32_t ToInt(std::string_view text) {
-  text = SkipWhiteSpace(text);
+  text = TrimLeft(text);
   const bool minus = TakeMinus(text);
   const std::int64_t largest = std::numeric_limits<std::int32_t>::max();
   const auto magnitude = static_cast<std::int64_t>(TakeDigits(text, 10, minus ? largest + 1 : largest));
@@ -79,7 +75,7 @@ std::int32_t ToInt(std::string_view text) {
 }
 
 double ToDouble(std::string_view text) {
-  const std::string_view number = SkipWhiteSpace(text);
+  const std::string_view number = TrimLeft(text);
   std::string_view digits = number;
   const bool minus = TakeMinus(digits);
   const bool plain = !digits.empty() && (digits[0] == '.' || (digits[0] >= '0' && digits[0] <= '9'));
@@ -97,7 +93,7 @@ float ToFloat(std::string_view text) {
 }
 
 std::uint32_t ToUnsigned(std::string_view text) {
-  text = SkipWhiteSpace(text);
+  text = TrimLeft(text);
   const bool minus = TakeMinus(text);
   const bool hex = IsHexPrefix(text);
   const int base = hex ? 16 : !text.empty() && text[0] == '0' ? 8 : 10;

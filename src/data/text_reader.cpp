@@ -3,21 +3,13 @@
 #include <algorithm>
 #include <cstring>
 
+#include "data/trim.h"
+
 namespace quorvel {
 namespace {
 
 constexpr std::size_t kBufferBytes = 256 * 1024;
-constexpr std::string_view kBlanks = " \t\n\f\r\v";
 constexpr std::string_view kByteOrderMark = "\xef\xbb\xbf";
-
-std::string_view TrimRight(std::string_view text) {
-  return text.substr(0, text.find_last_not_of(kBlanks) + 1);
-}
-
-std::string_view Trim(std::string_view text) {
-  text = TrimRight(text);
-  return text.substr(std::min(text.find_first_not_of(kBlanks), text.size()));
-}
 
 std::string_view BeforeComment(std::string_view line) {
   return line.substr(0, line.find("//"));

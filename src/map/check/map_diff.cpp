@@ -8,13 +8,12 @@
 
 #include "data/c_numbers.h"
 #include "data/control_escapes.h"
+#include "data/member_kinds.h"
 #include "data/same_value.h"
 
 namespace quorvel {
 
 namespace {
-
-constexpr std::string_view kKindNames[] = {"string", "int", "float", "index", "object"};
 
 std::string MemberLine(const MemberDef& member, std::string_view fact) {
   std::string line = "member ";
@@ -130,8 +129,8 @@ class MapComparison {
 
   void Match(const MemberDef& a, const MemberDef& b) {
     if (a.GetKind() != b.GetKind()) {
-      std::string kinds(kKindNames[static_cast<std::size_t>(a.GetKind())]);
-      Report(MemberLine(a, (kinds += " -> ") += kKindNames[static_cast<std::size_t>(b.GetKind())]));
+      std::string kinds(KindName(a.GetKind()));
+      Report(MemberLine(a, (kinds += " -> ") += KindName(b.GetKind())));
     } else if (a.GetKind() != MemberKind::Object) {
       pairs_.push_back({ComparedMember(a), ComparedMember(b)});
     }

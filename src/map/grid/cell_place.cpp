@@ -3,21 +3,15 @@
 #include <charconv>
 #include <cstdint>
 
+#include "data/trim.h"
 #include "map/grid/hex_grid.h"
 
 namespace quorvel {
 namespace {
 
-std::string_view WithoutBlanks(std::string_view text) {
-  constexpr std::string_view kBlanks = " \t";
-  const std::size_t first = text.find_first_not_of(kBlanks);
-  if (first == text.npos) return {};
-  return text.substr(first, text.find_last_not_of(kBlanks) - first + 1);
-}
-
 /// The whole text as a number; -1, which no cell has, where it is none or too large.
 std::int32_t CellNumber(std::string_view text) {
-  text = WithoutBlanks(text);
+  text = Trim(text);
   std::int32_t number = -1;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   return error == std::errc{} && end == text.data() + text.size() ? number : -1;

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <span>
 
+#include "data/ascii_case.h"
 #include "data/c_numbers.h"
+#include "data/member_kinds.h"
 
 namespace quorvel {
 namespace {
@@ -17,17 +19,10 @@ bool SplitOff(std::string_view& text, std::string_view& part) {
   return true;
 }
 
-char ToLowerAscii(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-/// Position of the lower-case name that equals the text but for letter case, or -1.
+/// Position of the name that equals the text but for letter case, or -1.
 int FindName(std::span<const std::string_view> names, std::string_view text) {
-  const auto equals = [text](std::string_view name) {
-    return std::equal(name.begin(), name.end(), text.begin(), text.end(),
-                      [](char expected, char c) { return expected == ToLowerAscii(c); });
-  };
-  const auto found = std::find_if(names.begin(), names.end(), equals);
+  const auto equals = [text](std::string_view name) { return EqualIgnoringCase(name, text); };
+  const auto found = std::ranges::find_if(names, equals);
   return found == names.end() ? -1 : static_cast<int>(found - names.begin());
 }
 
@@ -63,8 +58,7 @@ int ParseDefinitionKind(std::string_view text) {
 }
 
 int ParseMemberKind(std::string_view text) {
-  static constexpr std::string_view kNames[] = {"string", "int", "float", "index", "object"};
-  return FindName(kNames, text);
+  return FindName(kMemberKindNames, text);
 }
 
 }  // namespace quorvel

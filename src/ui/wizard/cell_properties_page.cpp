@@ -1,15 +1,15 @@
 #include "ui/wizard/cell_properties_page.h"
 
-#include <array>
-
 #include <QHeaderView>
 #include <QPushButton>
 #include <QTreeWidget>
 
 #include "data/class_def.h"
 #include "data/list_def.h"
+#include "data/member_kinds.h"
 #include "render/display_text.h"
 #include "ui/dialogs/dialog_builder.h"
+#include "ui/resources/shown_text.h"
 #include "ui/resources/wizard_templates.h"
 #include "ui/wizard/name_list.h"
 #include "ui/wizard/origin_picker.h"
@@ -27,13 +27,6 @@ constexpr double kTypeColumnPart = 0.4;
 
 /// Room left free around a control in a heading.
 constexpr int kHeadingMarginPx = 2;
-
-/// By kind of member.
-constexpr std::array<const char*, 5> kKindNames = {"string", "int", "float", "index", "object"};
-
-QString KindName(MemberKind kind) {
-  return QString::fromLatin1(kKindNames[static_cast<std::size_t>(kind)]);
-}
 
 QStringList ItemNames(const MemberDef& member) {
   QStringList names;
@@ -175,7 +168,8 @@ void CWizCellProperties::FillPropertyList() {
   QList<QTreeWidgetItem*> rows;
   for (const auto& setting : m_pSettings->GetSettings()) {
     if (const MemberDef* member = setting->GetMember()) {
-      rows += new QTreeWidgetItem({DisplayText(member->GetName()), KindName(member->GetKind())});
+      rows +=
+          new QTreeWidgetItem({DisplayText(member->GetName()), FromResource(KindName(member->GetKind()))});
       rows.back()->setData(kName, Qt::UserRole, QVariant::fromValue(static_cast<void*>(setting.get())));
     }
   }
