@@ -10,7 +10,7 @@ namespace quorvel {
 
 namespace {
 
-constexpr char kVersion[] = "quorvel-map 0.0.0.3";
+constexpr char kVersion[] = "quorvel-map " QUORVEL_VERSION;
 
 constexpr char kExamples[] =
     "A file named - is standard input or standard output.\n"

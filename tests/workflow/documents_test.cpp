@@ -54,7 +54,7 @@ TEST(Documents, ManualPagesBearTheVersionAndADate) {
   version = version.substr(version.find(' ') + 1);
   version.pop_back();
   for (const char* name : {"quorvel", "quorvel-map"}) {
-    const std::string page = ReadBytes(std::string(QUORVEL_SOURCE_DIR "/share/man/") + name + ".1");
+    const std::string page = ReadBytes(std::string(QUORVEL_BIN_DIR "/../share/man/") + name + ".1");
     const std::string title = page.substr(0, page.find('\n'));
     EXPECT_TRUE(std::regex_match(title, std::regex("\\.TH [A-Z-]+ 1 \\d{4}-\\d{2}-\\d{2} \"Quorvel " +
                                                    version + "\" \"User Commands\"")))

@@ -2,8 +2,8 @@
 
 namespace quorvel {
 
-/// The version block of the program.
-inline constexpr char kFileVersion[] = "0, 0, 0, 3";
+/// The version block of the program; the number comes from the build.
+extern const char* const kFileVersion;
 inline constexpr char kFileDescription[] = "Generic Map Editor";
 inline constexpr char kProductName[] = "Quorvel";
 
