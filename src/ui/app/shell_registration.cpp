@@ -10,7 +10,11 @@
 
 #include "platform/files/atomic_file.h"
 #include "ui/drawings/command_icons.h"
-#include "ui/resources/version_info.h"
+
+/// Resources of a static library must be named outside any namespace.
+static void InitShellResource() {
+  Q_INIT_RESOURCE(shell);
+}
 
 namespace quorvel {
 namespace {
@@ -49,30 +53,16 @@ QByteArray QuotedForExec(const QString& path) {
   return '"' + quoted + '"';
 }
 
-QByteArray MimePackage(const Templates& templates) {
-  QByteArray xml =
-      "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-      "<mime-info xmlns=\"http://www.freedesktop.org/standards/shared-mime-info\">\n";
-  for (const auto& docTemplate : templates) {
-    const QByteArray mimeType = QByteArray::fromStdString(MimeTypeOf(*docTemplate));
-    const DocumentStrings& strings = docTemplate->Strings();
-    xml += "  <mime-type type=\"" + mimeType + "\">\n    <comment>" + strings.regFileTypeName.c_str() +
-           "</comment>\n    <icon name=\"" + QByteArray(mimeType).replace('/', '-') +
-           "\"/>\n    <glob pattern=\"*" + strings.filterExt.c_str() + "\"/>\n  </mime-type>\n";
-  }
-  return xml + "</mime-info>\n";
+QByteArray Resource(const QString& name) {
+  InitShellResource();
+  QFile file(QStringLiteral(":/shell/") + name);
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-QByteArray DesktopEntry(const Templates& templates) {
+/// The entry of an installed copy, but for the program: this one may not stand where commands are looked for.
+QByteArray DesktopEntry() {
   const QByteArray program = QuotedForExec(QCoreApplication::applicationFilePath());
-  QByteArray mimeTypes;
-  for (const auto& docTemplate : templates) mimeTypes += MimeTypeOf(*docTemplate).c_str() + QByteArray(";");
-  return QByteArray("[Desktop Entry]\nType=Application\nName=") + kProductName +
-         "\nGenericName=" + kFileDescription + "\nExec=" + program +
-         " %F\nIcon=quorvel\nTerminal=false\nCategories=Graphics;Qt;\nMimeType=" + mimeTypes +
-         "\nX-Quorvel-PrintTo=" + program +
-         " --print-to %p %f\nActions=Print;\n\n[Desktop Action Print]\nName=Print\n" + "Exec=" + program +
-         " --print %F\n";
+  return Resource(QStringLiteral("quorvel.desktop")).replace("=quorvel ", '=' + program + ' ');
 }
 
 void WriteIcons(const Templates& templates, const QString& data) {
@@ -102,10 +92,10 @@ std::string MimeTypeOf(const CMultiDocTemplateWithID& docTemplate) {
 void RegisterShellFileTypes(const Templates& templates) {
   const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
   if (data.isEmpty()) return;
-  const bool isTypeNew =
-      WriteIfChanged(data + QStringLiteral("/mime/packages/quorvel.xml"), MimePackage(templates));
+  const bool isTypeNew = WriteIfChanged(data + QStringLiteral("/mime/packages/quorvel.xml"),
+                                        Resource(QStringLiteral("quorvel.xml")));
   const bool isEntryNew =
-      WriteIfChanged(data + QStringLiteral("/applications/quorvel.desktop"), DesktopEntry(templates));
+      WriteIfChanged(data + QStringLiteral("/applications/quorvel.desktop"), DesktopEntry());
   if (!isTypeNew && !isEntryNew) return;
   WriteIcons(templates, data);
   RunIndexer(QStringLiteral("update-mime-database"), data + QStringLiteral("/mime"));

@@ -55,10 +55,11 @@ TEST(ShellRegistration, WritesTypesAndEntryOnceAndOnlyWhenChanged) {
   Editor editor;
   const std::string entry = editor.folder.Read("data/applications/quorvel.desktop");
   const std::string types = editor.folder.Read("data/mime/packages/quorvel.xml");
-  for (const char* part :
-       {"application/x-quorvel.document;application/x-orvantis.map.vastrel;", "--print %F", "--print-to"}) {
+  for (const char* part : {"application/x-quorvel.document;application/x-orvantis.map.vastrel;", "\" %F\n",
+                           "\" --print %F\n", "\" --print-to %p %f\n"}) {
     EXPECT_NE(entry.find(part), entry.npos) << part;
   }
+  EXPECT_EQ(entry.find("=quorvel "), entry.npos) << "a program that may not be found";
   for (const char* part : {"*.gdf", "*.vrl", "Generic Data File", "Orvantis Vastrel Map File"}) {
     EXPECT_NE(types.find(part), types.npos) << part;
   }
