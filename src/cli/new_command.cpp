@@ -1,45 +1,21 @@
-#include <charconv>
-#include <string_view>
+#include <cstdint>
+#include <limits>
 
 #include "cli/command.h"
 #include "cli/form_option.h"
 #include "cli/new_map.h"
 #include "cli/one_standard_input.h"
+#include "cli/option_numbers.h"
 #include "cli/progress_bar.h"
 
 namespace quorvel {
 
 namespace {
 
-constexpr std::uint32_t kMaxNewSide = 1000;
-
-/// A whole number in plain decimal digits.
-std::optional<std::uint32_t> ParseDecimal(std::string_view text) {
-  std::uint32_t number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size()) return {};
-  return number;
-}
-
-std::optional<std::int32_t> ParseSide(std::string_view text) {
-  const auto cells = ParseDecimal(text);
-  if (!cells || *cells < 1 || *cells > kMaxNewSide) return {};
-  return static_cast<std::int32_t>(*cells);
-}
-
 NewMapSize ParseSize(const std::string& text) {
-  const std::size_t cross = std::min(text.find('x'), text.size());
-  const auto width = ParseSide(text.substr(0, cross));
-  const auto height = ParseSide(std::string_view(text).substr(std::min(cross + 1, text.size())));
-  if (!width || !height)
-    throw CLI::ValidationError("--size", text + " is not WxH with sides of 1 to 1000 cells");
-  return {*width, *height};
-}
-
-std::uint32_t ParseSeed(const std::string& text) {
-  const auto seed = ParseDecimal(text);
-  if (!seed) throw CLI::ValidationError("--seed", text + " is not a number of 0 to 4294967295");
-  return *seed;
+  const auto [width, height] =
+      ParseNumbers<2>("--size", text, 'x', "WxH, columns and rows", NumberIn(1, kMaxNewMapSide));
+  return {width, height};
 }
 
 class NewCommand : public Command {
@@ -54,10 +30,9 @@ class NewCommand : public Command {
            "--size", [this](const std::string& text) { request_.size = ParseSize(text); },
            "Columns and rows, 1 to 1000 each")
         ->option_text("WxH");
-    app.add_option_function<std::string>(
-           "--seed", [this](const std::string& text) { request_.seed = ParseSeed(text); },
-           "Seed of the random numbers")
-        ->option_text("N");
+    app.add_option("--seed", request_.seed, "Seed of the random numbers")
+        ->option_text("N")
+        ->transform(NumberIn(std::uint32_t{0}, std::numeric_limits<std::uint32_t>::max()));
     AddFormOption(app, form_);
     app.add_option("OUT", out_, "The map to write")->required();
     app.callback([this] {

@@ -1,5 +1,3 @@
-#include <array>
-#include <charconv>
 #include <cstdlib>
 
 #include <QGuiApplication>
@@ -7,12 +5,14 @@
 #include "cli/command.h"
 #include "cli/map_file.h"
 #include "cli/one_standard_input.h"
+#include "cli/option_numbers.h"
 #include "cli/progress_bar.h"
 #include "cli/tree_file.h"
 #include "data/ascii_case.h"
 #include "data/control_escapes.h"
 #include "map/fill/fill_settings.h"
 #include "map/fill/map_filter.h"
+#include "map/types/map_limits.h"
 #include "platform/files/atomic_file.h"
 #include "render/picture.h"
 
@@ -30,17 +30,9 @@ PictureForm FormOf(const std::string& out) {
 }
 
 CellRange ParseCells(const std::string& text) {
-  std::array<std::int32_t, 4> numbers{};
-  const char* next = text.data();
-  const char* const end = next + text.size();
-  for (std::size_t i = 0; i < numbers.size(); ++i) {
-    const auto [after, error] = std::from_chars(next, end, numbers[i]);
-    const bool last = i + 1 == numbers.size();
-    if (error != std::errc() || (last ? after != end : after == end || *after != ','))
-      throw CLI::ValidationError("--cells", text + " is not C0,R0,C1,R1");
-    next = after + 1;
-  }
-  return {{numbers[0], numbers[1]}, {numbers[2], numbers[3]}};
+  constexpr auto kLast = static_cast<std::int32_t>(kMaxSideCells - 1);
+  const auto [c0, r0, c1, r1] = ParseNumbers<4>("--cells", text, ',', "C0,R0,C1,R1", NumberIn(0, kLast));
+  return {{c0, r0}, {c1, r1}};
 }
 
 /// The empty name stands for an option that was not given.
@@ -80,7 +72,7 @@ class RenderCommand : public Command {
     app.add_option("--cell-size", request_.cellSizePx,
                    "Height of a cell in pixels, 10 to 100; 100 if not given")
         ->option_text("S")
-        ->check(CLI::Range(10.0F, 100.0F));
+        ->transform(NumberIn(10.0F, 100.0F));
     app.add_option("--fill", request_.fillMember, "Index property that colours the cells")
         ->option_text("NAME")
         ->check(&RequireName);

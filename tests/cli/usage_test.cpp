@@ -69,6 +69,11 @@ TEST(Usage, WrongArgumentsAreNamed) {
       {{"dr\x1b[2J\n", "a.vrl"}, "quorvel-map: there is no command dr%1B[2J%0A; the commands are new"},
       {{"info", "a.vrl", "b\x9b\n"}, "b%9B%0A\n"},
       {{"info", "mis\nsing\xc2\x9b"}, "quorvel-map: mis%0Asing%C2%9B: "},
+      {{"new", "--size", "10x1001", "out.vrl"}, "--size: 1001 is not in 1 to 1000\n"},
+      {{"new", "--size", "3x4x5", "out.vrl"}, "--size: 3x4x5 is not WxH, columns and rows\n"},
+      {{"new", "--seed", "-1", "out.vrl"}, "--seed: -1 is not in 0 to 4294967295\n"},
+      {{"render", "--cell-size", "9", "a.vrl", "out.png"}, "--cell-size: 9 is not in 10 to 100\n"},
+      {{"render", "--cells", "0,0,x,1", "a.vrl", "out.png"}, "--cells: x is not in 0 to 19999999\n"},
       {{"diff", "-", "-"}, "standard input can be read only once\n"},
       {{"render", "--fill", "", "in.vrl", "out.png"}, "the empty name is no index property\n"},
   };
