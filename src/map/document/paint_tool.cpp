@@ -34,10 +34,7 @@ void ShowPaintEditor(CVastrelDoc& document, int position) {
   const WaitCursor wait(document.GetServices().feedback);
   if (document.m_nNextEditorId == kLastBarControl) CreateAllEditors(document);
 
-  const MemberDef* before = MemberAt(document, document.m_nPaintIndex);
-  if (MemberEditor* editor = before != nullptr ? EditorOf(*before) : nullptr) editor->Hide();
   document.m_nPaintIndex = position;
-  if (MemberEditor* editor = EditorOf(*member)) editor->Show();
   document.m_pPaintMember = member;
 }
 

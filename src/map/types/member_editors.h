@@ -11,15 +11,11 @@
 namespace quorvel {
 
 /// What the tool options bar offers for the value of one member: the contents of an edit box or of a
-/// drop-down list, whether or not a bar shows them. Attached to its member and ends with it.
+/// drop-down list, whether or not a bar shows them. Attached to its member, which owns it.
 class MemberEditor : public MemberAttachment {
  public:
   /// The number of the editor's control in the bar; 0 until the bar first needed the editors.
   int GetControlId() const { return controlId_; }
-  /// Only the editor of the painted member is visible.
-  bool IsVisible() const { return visible_; }
-  void Show() { visible_ = true; }
-  void Hide() { visible_ = false; }
 
   /// Gives the editor its control's number and the member's default.
   void Create(MemberDef& member, int controlId);
@@ -30,7 +26,6 @@ class MemberEditor : public MemberAttachment {
   virtual void TakeDefault(MemberDef& member) = 0;
 
   int controlId_ = 0;
-  bool visible_ = false;
 };
 
 /// An edit box, for string, int and float members.

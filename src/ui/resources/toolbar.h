@@ -4,9 +4,8 @@
 
 namespace quorvel {
 
-/// Toolbar 100: buttons of 16 x 15 pixels, in order.
+/// Toolbar 100: its buttons in order, square.
 inline constexpr int kToolbarButtonWidthPx = 16;
-inline constexpr int kToolbarButtonHeightPx = 15;
 inline constexpr int kToolbarButtons[] = {
     ID_FILE_NEW,     ID_FILE_OPEN,          ID_FILE_SAVE, ID_SEPARATOR,  ID_FILE_PRINT,
     ID_SEPARATOR,    ID_EDIT_CUT,           ID_EDIT_COPY, ID_EDIT_PASTE, ID_SEPARATOR,

@@ -38,9 +38,6 @@ class CMapWizard : public QDialog {
   /// up: Finish on the last page, Next on the others, and Back on all but the first.
   void UpdateWizardButtons(int mask);
 
-  /// The active page's position, -1 before the first is shown.
-  int GetActiveIndex() const { return active_; }
-
  private:
   void BuildFrame();
   QPushButton* MakeButton(int id, const QString& text, void (CMapWizard::*pressed)());
