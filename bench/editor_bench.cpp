@@ -81,7 +81,7 @@ void FinishPainting(CMapView& view) {
 /// File New, run until the map of the choice is filled and painted.
 void MakeNewMap(WholeEditor& editor) {
   editor.App().OnFileNew();
-  while (editor.App().IsBusy() || editor.Document().m_pGrid == nullptr ||
+  while (editor.App().IsBusy() || !editor.Document().m_pGrid ||
          editor.Document().m_pGrid->Count() < kCells - kSide * 10) {  // borders between regions may be empty
     QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }

@@ -42,8 +42,8 @@ bool SameRecord(const MapContents& a, const CellRecord& inA, const MapContents& 
 }
 
 bool SameMap(const MapContents& a, const MapContents& b) {
-  if (a.m_nDataType != b.m_nDataType || (a.m_pGrid == nullptr) != (b.m_pGrid == nullptr)) return false;
-  if (a.m_pGrid == nullptr) return true;
+  if (a.m_nDataType != b.m_nDataType || (!a.m_pGrid) != (!b.m_pGrid)) return false;
+  if (!a.m_pGrid) return true;
   if (a.m_pGrid->Width() != b.m_pGrid->Width() || a.m_pGrid->Height() != b.m_pGrid->Height()) return false;
   auto inA = a.m_pGrid->Following(-1);
   auto inB = b.m_pGrid->Following(-1);
@@ -74,8 +74,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   const auto streamed = ReadMap(file, Road::Streamed, feedback, streamedErrors);
   const auto through = ReadMap(file, Road::Tree, feedback, errorText);
   Require(through.has_value());
-  Require(through->m_pGrid != nullptr || !errorText.empty());
+  Require(through->m_pGrid || !errorText.empty());
   if (streamed) Require(SameMap(*streamed, *through) && streamedErrors == errorText);
-  if (through->m_pGrid != nullptr) SaveAgain(*through);
+  if (through->m_pGrid) SaveAgain(*through);
   return 0;
 }

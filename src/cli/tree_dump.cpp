@@ -40,7 +40,7 @@ void AppendLeaf(std::string& line, const std::string& path, const DataLeaf& leaf
 void DumpTree(const DataBranch& root, Results& out) {
   PathText path;
   DataWalk walk(root);
-  for (walk.Next(); walk.Node() != nullptr && !out.Failed(); walk.Next()) {
+  for (walk.Next(); walk.Node() && !out.Failed(); walk.Next()) {
     path.Enter(walk.Depth() - 1, walk.Node()->GetName());
     if (walk.Node()->GetKind() == NodeKind::Leaf)
       AppendLeaf(out.Line(), path.Text(), static_cast<const DataLeaf&>(*walk.Node()));

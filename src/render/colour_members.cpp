@@ -10,7 +10,7 @@ namespace {
 int FindIndexMember(const ClassDef& cellClass, const std::string& name) {
   if (name.empty()) return -1;
   const MemberDef* found = cellClass.FindMember(name);
-  if (found == nullptr || found->GetKind() != MemberKind::Index) return -1;
+  if (!found || found->GetKind() != MemberKind::Index) return -1;
   int place = 0;
   while (cellClass.Members()[static_cast<std::size_t>(place)].get() != found) ++place;
   return place;
@@ -31,20 +31,20 @@ int NextIndexMember(const ClassDef& cellClass, int place, int step) {
 
 const MemberDef* SelectIndexMember(const ClassDef* cellClass, std::string& name, int step) {
   int place = -1;
-  if (cellClass != nullptr) {
+  if (cellClass) {
     place = FindIndexMember(*cellClass, name);
     if (place < 0) place = NextIndexMember(*cellClass, -1, +1);
     if (place >= 0 && step != 0) place = NextIndexMember(*cellClass, place, step);
   }
   const MemberDef* selected =
       place < 0 ? nullptr : cellClass->Members()[static_cast<std::size_t>(place)].get();
-  name = selected == nullptr ? std::string() : selected->GetName();
+  name = selected ? selected->GetName() : std::string();
   return selected;
 }
 
 QRgb MappedColour(const MemberDef* member, const CellRecord& record) {
   constexpr QRgb kOpaque = 0xff000000;
-  return member == nullptr ? kOpaque : kOpaque | (member->GetMappedValue(record.data) & 0xffffff);
+  return member ? kOpaque | (member->GetMappedValue(record.data) & 0xffffff) : kOpaque;
 }
 
 }  // namespace quorvel

@@ -77,8 +77,8 @@ class LabelImages {
    private:
     std::size_t PlaceOf(std::uint32_t value) const;
 
-    std::vector<Slot> slots_ =
-        std::vector<Slot>(64, Slot{0, kNone});  // a power of two, at most half of them taken
+    // A power of two, at most half of them taken.
+    std::vector<Slot> slots_ = std::vector<Slot>(64, Slot{0, kNone});
     std::size_t taken_ = 0;
   };
 

@@ -201,7 +201,7 @@ TEST(TypeList, FindsTheFirstOfASort) {
   types.Add(std::make_unique<ClassDef>("A"));
   EXPECT_EQ(types.FindList("A"), list);
   EXPECT_EQ(types.FindClass("A"), first);
-  EXPECT_EQ(types.FindClass("a"), nullptr);
+  EXPECT_FALSE(types.FindClass("a"));
   first->SetName("B");
   EXPECT_EQ(types.FindClass("A"), types.Types()[2].get());
   EXPECT_EQ(types.FindClass("B"), first);

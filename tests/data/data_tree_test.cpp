@@ -68,10 +68,10 @@ TEST(DataTree, SetLeafMakesWhatIsMissingAndOverwritesWhatIsThere) {
     EXPECT_EQ(Outline(root), row.outline);
   }
   DataBranch root("");
-  EXPECT_EQ(root.SetLeaf("", "1", kInt), nullptr);
-  EXPECT_EQ(root.SetLeaf("A//", "1", kInt), nullptr);
-  EXPECT_EQ(root.AddLeaf("", "1", kInt), nullptr);
-  EXPECT_EQ(root.AddBranch(""), nullptr);
+  EXPECT_FALSE(root.SetLeaf("", "1", kInt));
+  EXPECT_FALSE(root.SetLeaf("A//", "1", kInt));
+  EXPECT_FALSE(root.AddLeaf("", "1", kInt));
+  EXPECT_FALSE(root.AddBranch(""));
 }
 
 TEST(DataTree, LookupsFindTheFirstOfNameAndKind) {
@@ -86,8 +86,7 @@ TEST(DataTree, LookupsFindTheFirstOfNameAndKind) {
   EXPECT_EQ(root.GetBranch("/x"), root.GetBranch("x"));
   EXPECT_EQ(root.FindLeaf("x")->GetValue(), "leaf");
   EXPECT_EQ(root.FindLeaf("x/x")->GetValue(), "below");
-  for (const char* path : {"", "/x", "x//x", "y", "x/y/z", "R/y"})
-    EXPECT_EQ(root.FindLeaf(path), nullptr) << path;
+  for (const char* path : {"", "/x", "x//x", "y", "x/y/z", "R/y"}) EXPECT_FALSE(root.FindLeaf(path)) << path;
 
   std::string value = "untouched";
   auto type = ValueType::Float;
@@ -120,7 +119,7 @@ TEST(DataTree, CopiesMergeIntoWhatIsThere) {
   const auto target = TreeOf("[A]\rx='9'\ry=2\r");
   EXPECT_EQ(target->AddCopy(source->FindBranch("A")), target->FindBranch("A"));
   EXPECT_EQ(Outline(*target), "0 []\n1 [A]\n2 x:0=1\n2 y:0=2\n2 [C]\n");
-  EXPECT_EQ(target->AddCopy(nullptr), nullptr);
+  EXPECT_FALSE(target->AddCopy(nullptr));
 
   const DataLeaf leaf("z", "3", kInt);
   const DataNode* copied = target->AddCopy(&leaf);
@@ -158,13 +157,13 @@ TEST(DataTree, ChildrenStayFoundWhileManyComeGoAndChangeNames) {
       if (edit == 3) root.GetBranch(name());
       if (edit == 4) {
         const std::string gone = name();
-        const bool there = root.FindNode(gone, kind) != nullptr;
+        const bool there = root.FindNode(gone, kind);
         const auto before = root.CountLeaves() + root.CountBranches();
         EXPECT_EQ(root.RemoveNode(gone, kind), there);
         EXPECT_EQ(root.CountLeaves() + root.CountBranches(), before - (there ? 1 : 0));
       }
       DataNode* renamed = edit == 5 ? root.FindNode(name(), kind) : nullptr;
-      if (renamed != nullptr) renamed->SetName(name());
+      if (renamed) renamed->SetName(name());
       ExpectSoundChildren(root);
       if (HasFatalFailure()) return;
       if (step == 300) root.Clear();

@@ -86,7 +86,7 @@ TEST(MemberDef, SlotsCopyAndFallBackToTheDefault) {
     EXPECT_EQ(all.Value(member), initial);
     EXPECT_EQ(member->ConstructValue(nullptr), 0);
     EXPECT_EQ(member->DestroyValue(nullptr), 4);
-    EXPECT_EQ(member->GetValuePtr(ClassInstance::None), nullptr);
+    EXPECT_FALSE(member->GetValuePtr(ClassInstance::None));
   }
   const std::uint32_t nan = 0x7fa12345;  // a signalling NaN with a payload
   all.f->SetValue(all.instance, &nan);

@@ -79,11 +79,11 @@ TEST(TextReader, KeyLinesAreTakenApart) {
     SCOPED_TRACE(row.line);
     DataBranch root("");
     const DataLeaf* leaf = root.ParseLine(row.line);
-    ASSERT_NE(leaf, nullptr);
+    ASSERT_TRUE(leaf);
     EXPECT_EQ(Outline(*leaf), "0 " + std::string(row.outline) + "\n");
   }
   for (const char* ignored : {"=1", " =1", "x", "//x=1", "x//=1", "", "/=1", "a//=1"})
-    EXPECT_EQ(DataBranch("").ParseLine(ignored), nullptr) << ignored;
+    EXPECT_FALSE(DataBranch("").ParseLine(ignored)) << ignored;
 }
 
 TEST(TextReader, SectionsAreTakenAsTheyStand) {

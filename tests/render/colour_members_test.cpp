@@ -52,7 +52,7 @@ TEST(SelectIndexMember, FindsStepsAndFallsBack) {
     EXPECT_EQ(name, row.selected);
   }
   std::string name = "i1";
-  EXPECT_EQ(SelectIndexMember(nullptr, name, 0), nullptr);
+  EXPECT_FALSE(SelectIndexMember(nullptr, name, 0));
   EXPECT_EQ(name, "");
 }
 

@@ -58,9 +58,9 @@ void NumberedText::BeginSection(std::string_view path, std::uint64_t line, const
 
 void NumberedText::SetLeaf(std::string_view section, std::string_view key, std::string_view value,
                            ValueType type, std::uint64_t line, const ProblemSink& report) {
-  if (section_ == nullptr || PlaceAmongCells(fmt::format("{}/{}", section, key))) return;
+  if (!section_ || PlaceAmongCells(fmt::format("{}/{}", section, key))) return;
   const DataLeaf* leaf = section_->SetLeaf(key, value, type);
-  if (leaf == nullptr) {
+  if (!leaf) {
     report({line, fmt::format("the line is ignored, {} names nothing", key)});
     return;
   }
@@ -72,7 +72,7 @@ void NumberedText::SetLeaf(std::string_view section, std::string_view key, std::
 }
 
 void NumberedText::NameBranches(const DataBranch* branch, std::uint64_t line) {
-  while (branch != nullptr && lines_.emplace(branch, line).second) branch = branch->GetParent();
+  while (branch && lines_.emplace(branch, line).second) branch = branch->GetParent();
 }
 
 }  // namespace quorvel

@@ -31,7 +31,7 @@ std::optional<std::string> RangeProblem(const MemberDef& member, Number value) {
 
 std::optional<std::string> PositionProblem(const IndexMember& member, std::int32_t position) {
   const ListDef* list = member.List();
-  if (list == nullptr || (position >= 0 && position < list->CountItems())) return {};
+  if (!list || (position >= 0 && position < list->CountItems())) return {};
   return fmt::format("{} is {}, but list {} has {} items", member.GetName(), position, list->GetName(),
                      list->CountItems());
 }

@@ -33,7 +33,7 @@ std::optional<MapContents> ReadBase(const std::string& path, Feedback& feedback,
   return std::nullopt;
 }
 
-/// The base state with all changes behind the head. The journal can be gone on with afterwards.
+/// The base state with all changes behind the head. The journal can be continued afterwards.
 std::optional<MapContents> Replay(EditJournal& journal, const JournalHead& head, JournalReader& records,
                                   Feedback& feedback, std::string& errorText) {
   std::optional<MapContents> map = ReadBase(journal.BasePath(), feedback, errorText);

@@ -59,7 +59,7 @@ bool CVastrelDoc::LoadDefaultDefinitions(DataBranch& file, std::string& errorTex
 bool CVastrelDoc::CreateNewMap(std::string& errorText) {
   DataBranch file({});
   LoadDefaultDefinitions(file, errorText);
-  if (m_pMapClass == nullptr) return errorText.empty();
+  if (!m_pMapClass) return errorText.empty();
 
   MapSizeLimits limits;
   GetMapSizeLimits(m_pMapClass, limits);

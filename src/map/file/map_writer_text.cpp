@@ -17,7 +17,7 @@ void ForEachRecord(const CellGrid& grid, Visit visit) {
 }  // namespace
 
 CellLines::CellLines(const MapContents& contents) : cellClass_(contents.m_pCellClass) {
-  if (cellClass_ == nullptr) return;
+  if (!cellClass_) return;
   cellClass_->LayOut();
   for (const auto& member : cellClass_->Members()) {
     const MemberKind kind = member->GetKind();

@@ -20,23 +20,23 @@ enum class Spread { Shares, Origins };
 /// The child itself; a path would also match the branch.
 const DataBranch* Child(const DataBranch& branch, std::string_view name) {
   const DataBranch* child = branch.GetFirstBranch();
-  while (child != nullptr && child->GetName() != name) child = child->GetNextBranch();
+  while (child && child->GetName() != name) child = child->GetNextBranch();
   return child;
 }
 
 std::string_view Text(const DataBranch& branch, std::string_view name) {
   const DataLeaf* leaf = branch.FindLeaf(name);
-  return leaf != nullptr ? leaf->GetValue() : std::string_view();
+  return leaf ? leaf->GetValue() : std::string_view();
 }
 
 float Number(const DataBranch& branch, std::string_view name, float otherwise) {
   const DataLeaf* leaf = branch.FindLeaf(name);
-  return leaf != nullptr ? ToFloat(leaf->GetValue()) : otherwise;
+  return leaf ? ToFloat(leaf->GetValue()) : otherwise;
 }
 
 std::optional<std::int32_t> Side(const DataBranch& fill, std::string_view name) {
   const DataLeaf* leaf = fill.FindLeaf(name);
-  if (leaf == nullptr) return std::nullopt;
+  if (!leaf) return std::nullopt;
   return ClampNewMapSide(ToInt(leaf->GetValue()));
 }
 
@@ -50,8 +50,8 @@ void ReadValue(const DataBranch& branch, Spread spread, CPropertySetting& settin
 void ReadSetting(const DataBranch& branch, Spread spread, CPropertySetting& setting) {
   setting.SetCoverage(Number(branch, "coverage", 100.0F));
   const DataBranch* values = Child(branch, "Values");
-  if (values == nullptr) return;
-  for (const DataBranch* value = values->GetFirstBranch(); value != nullptr; value = value->GetNextBranch())
+  if (!values) return;
+  for (const DataBranch* value = values->GetFirstBranch(); value; value = value->GetNextBranch())
     ReadValue(*value, spread, setting);
 }
 
@@ -64,11 +64,11 @@ struct SettingForm {
 bool ReadSettings(const DataBranch* branch, SettingForm form, const ClassDef* cellClass,
                   CPropertySettingList& list, std::string& errorText) {
   bool good = true;
-  const DataBranch* setting = branch != nullptr ? branch->GetFirstBranch() : nullptr;
-  for (; setting != nullptr; setting = setting->GetNextBranch()) {
+  const DataBranch* setting = branch ? branch->GetFirstBranch() : nullptr;
+  for (; setting; setting = setting->GetNextBranch()) {
     const std::string_view name = Text(*setting, "member");
-    const MemberDef* member = cellClass != nullptr ? cellClass->FindMember(name) : nullptr;
-    if (member != nullptr) {
+    const MemberDef* member = cellClass ? cellClass->FindMember(name) : nullptr;
+    if (member) {
       ReadSetting(*setting, form.spread, list.Add(member, form.control));
     } else {
       errorText += fmt::format("Setting \"{}/{}\": there is no cell property \"{}\".\n", branch->GetName(),
@@ -81,7 +81,7 @@ bool ReadSettings(const DataBranch* branch, SettingForm form, const ClassDef* ce
 
 const DataBranch* FindSettings(const DataBranch& file, std::string_view name, std::string& errorText) {
   const DataBranch* branch = Child(file, name);
-  if (branch == nullptr) errorText += fmt::format("Settings \"{}\" not found.\n", name);
+  if (!branch) errorText += fmt::format("Settings \"{}\" not found.\n", name);
   return branch;
 }
 
@@ -125,7 +125,7 @@ void WriteValue(const CValueSetting& value, const MemberDef& member, Spread spre
 void WriteSettings(const CPropertySettingList& list, Spread spread, DataBranch& branch) {
   for (const std::unique_ptr<CPropertySetting>& setting : list.GetSettings()) {
     const MemberDef* member = setting->GetMember();
-    if (member == nullptr) continue;
+    if (!member) continue;
     DataBranch* settingBranch = branch.AddBranch(std::to_string(branch.CountBranches()));
     settingBranch->SetLeaf("member", member->GetName(), ValueType::String);
     WriteNumber(*settingBranch, "coverage", setting->GetCoverage());
@@ -144,7 +144,7 @@ std::int32_t ClampNewMapSide(std::int32_t cells) {
 std::optional<FillSettings> ReadFillSettings(const DataBranch& file, const ClassDef* cellClass,
                                              std::string& errorText) {
   const DataBranch* fill = FindSettings(file, "Fill", errorText);
-  if (fill == nullptr) return std::nullopt;
+  if (!fill) return std::nullopt;
 
   FillSettings settings;
   settings.width = Side(*fill, "Width");
@@ -164,7 +164,7 @@ std::optional<CPropertySettingList> ReadFilterSettings(const DataBranch& file, c
   const DataBranch* filter = FindSettings(file, "Filter", errorText);
   CPropertySettingList settings;
   const SettingForm form{Spread::Shares, CoverageControl::Button};
-  if (filter == nullptr || !ReadSettings(filter, form, cellClass, settings, errorText)) return std::nullopt;
+  if (!filter || !ReadSettings(filter, form, cellClass, settings, errorText)) return std::nullopt;
   return settings;
 }
 

@@ -24,7 +24,7 @@ std::string LabelValue(const MemberDef& member, ClassInstance data) {
 }  // namespace
 
 void FormatCellLabel(std::string& out, const MemberDef* member, const CellRecord* record) {
-  if (member == nullptr || record == nullptr || record->data == ClassInstance::None) return;
+  if (!member || !record || record->data == ClassInstance::None) return;
   const std::string_view initial = std::string_view(member->GetName()).substr(0, 1);
   out = fmt::format("{}:{}", initial, LabelValue(*member, record->data));
 }

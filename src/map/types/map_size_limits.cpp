@@ -20,7 +20,7 @@ std::int32_t Truncate(float number) {
 }
 
 bool TakeRange(const MemberDef* member, Number& min, Number& max, Number& initial) {
-  if (member == nullptr) return false;
+  if (!member) return false;
   if (const auto* range = std::get_if<IntDefault>(&member->GetDefault())) {
     min = range->min, max = range->max, initial = range->initial;
     return true;
@@ -35,7 +35,7 @@ bool TakeRange(const MemberDef* member, Number& min, Number& max, Number& initia
 }  // namespace
 
 bool GetMapSizeLimits(const ClassDef* mapClass, MapSizeLimits& limits) {
-  if (mapClass == nullptr) return true;
+  if (!mapClass) return true;
   const bool width =
       TakeRange(mapClass->FindMember("Width"), limits.minWidth, limits.maxWidth, limits.defaultWidth);
   const bool height =

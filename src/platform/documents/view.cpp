@@ -5,7 +5,7 @@
 namespace quorvel {
 
 CView::~CView() {
-  if (document_ != nullptr) document_->RemoveView(*this);
+  if (document_) document_->RemoveView(*this);
 }
 
 }  // namespace quorvel

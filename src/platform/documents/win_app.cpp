@@ -87,7 +87,7 @@ CDocument* CWinApp::OnOpenRecentFile(std::size_t position) {
   const std::string path = recentFiles_.Paths()[position];
   CDocument* document = OpenDocumentFile(path);
   std::error_code ignored;
-  if (document == nullptr && !std::filesystem::exists(path, ignored)) recentFiles_.Remove(path);
+  if (!document && !std::filesystem::exists(path, ignored)) recentFiles_.Remove(path);
   return document;
 }
 

@@ -41,8 +41,8 @@ bool CopyFileAttributes(FileCalls& calls, const std::string& path, const struct 
 }
 
 bool SetDefaultMode(FileCalls& calls, int fd) {
-  const mode_t mask =
-      umask(077);  // it can only be read by setting it; meanwhile other threads' files are narrower
+  // It can only be read by setting it; meanwhile other threads' files are narrower.
+  const mode_t mask = umask(077);
   umask(mask);
   return SetMode(calls, fd, 0666 & ~mask);
 }

@@ -73,8 +73,8 @@ WriteTarget FindWriteTarget(const std::string& path) {
     target.error = ErrorText(EISDIR);
     return target;
   }
-  if (exists &&
-      !S_ISREG(target.old.st_mode)) {  // its links are left alone: some lead to names that are no path
+  // Its links are left alone: some lead to names that are no path.
+  if (exists && !S_ISREG(target.old.st_mode)) {
     target.kind = WriteTarget::Kind::Through;
     return target;
   }

@@ -25,8 +25,8 @@ bool CRegistrySettings::GetString(const std::string& subPath, const std::string&
     return false;
   }
   const std::optional<std::string> value = store_.Get(key, valueName);
-  if (value && value->size() < kBufferBytes)
-    output = value->substr(0, value->find('\0'));  // as the buffer's text ends
+  // As the buffer's text ends.
+  if (value && value->size() < kBufferBytes) output = value->substr(0, value->find('\0'));
   return true;
 }
 

@@ -69,7 +69,7 @@ SettingKeys ParseSettings(std::string_view text) {
     const std::size_t equals = line.find('=');
     if (line.starts_with('[')) {
       values = line.ends_with(']') ? &keys[Decode(line.substr(1, line.size() - 2))] : nullptr;
-    } else if (values != nullptr && equals != line.npos) {
+    } else if (values && equals != line.npos) {
       (*values)[Decode(line.substr(0, equals))] = Decode(line.substr(equals + 1));
     }
   }

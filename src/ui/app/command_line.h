@@ -15,8 +15,8 @@ struct CCommandLineInfo {
 struct CommandLineResult {
   CCommandLineInfo info;
   int exitCode = 0;
-  bool isDone =
-      false;  ///< a text was printed (--help, --version, a fault); the program ends with the exit code
+  /// A text was printed (--help, --version, a fault); the program ends with the exit code.
+  bool isDone = false;
 };
 
 CommandLineResult ParseCommandLine(int argc, const char* const* argv);

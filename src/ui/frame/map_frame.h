@@ -10,7 +10,7 @@ class CMapView;
 class CVastrelDoc;
 class CWinApp;
 
-/// A map window: one view in a window of the main frame's area. Ends its view and itself when it is closed.
+/// A map window: one view in a window of the main frame's area. Destroys its view and itself when closed.
 class CMapFrame : public QMdiSubWindow {
   Q_OBJECT
  public:

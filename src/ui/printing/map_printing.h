@@ -41,8 +41,8 @@ class MapPrinting {
 
   Prompts& prompts_;
   DocumentOwner& owner_;
-  std::unique_ptr<QPrinter>
-      printer_;  // made when first needed: asking the system for printers takes its time
+  // Made when first needed: asking the system for printers takes its time.
+  std::unique_ptr<QPrinter> printer_;
 };
 
 }  // namespace quorvel

@@ -10,7 +10,7 @@
 
 namespace quorvel {
 
-/// Print Preview: the pages as they will be printed, one or two at a time, and how many there are. Ends
+/// Print Preview: the pages as they will be printed, one or two at a time, and how many there are. Closes
 /// accepted when the user wants to print.
 class PrintPreview : public QDialog {
   Q_OBJECT

@@ -160,13 +160,13 @@ TEST_F(Editing, ToolsAndTheirCursors) {
 
 TEST_F(Editing, AFilterIsReplacedOnFinishOnly) {
   OnViewFilter(document);  // cancelled
-  EXPECT_EQ(document.m_pFilter, nullptr);
+  EXPECT_FALSE(document.m_pFilter);
   EXPECT_THAT(TakeHints(), IsEmpty());
 
   dialogs.answer.emplace();
   OnViewFilter(document);
   const CPropertySettingList* chosen = document.m_pFilter.get();
-  ASSERT_NE(chosen, nullptr);
+  ASSERT_TRUE(chosen);
   EXPECT_THAT(TakeHints(), ElementsAre("all"));
 
   document.m_pMapClass = nullptr;

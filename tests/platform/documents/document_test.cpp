@@ -84,7 +84,7 @@ TEST_F(Document, IsReleasedWithItsLastView) {
 
   LoggingView view;
   std::make_unique<TextDocument>(prompts)->AddView(view);  // ends before its view
-  EXPECT_EQ(view.GetDocument(), nullptr);
+  EXPECT_FALSE(view.GetDocument());
 }
 
 TEST_F(Document, AsksBeforeItsLastFrameClosesOnly) {

@@ -65,10 +65,10 @@ class App : public testing::Test {
 TEST_F(App, OffersTheTypesOfNewDocumentsInOrder) {
   prompts.types = {1, std::nullopt, 0};
   CDocument* product = app.OnFileNew();
-  EXPECT_EQ(app.OnFileNew(), nullptr);
+  EXPECT_FALSE(app.OnFileNew());
   CDocument* plain = app.OnFileNew();
-  ASSERT_NE(product, nullptr);
-  ASSERT_NE(plain, nullptr);
+  ASSERT_TRUE(product);
+  ASSERT_TRUE(plain);
   EXPECT_THAT(prompts.typeLists.at(0), ElementsAre("Plain", "Product"));
   EXPECT_EQ(product->GetDocTemplate()->GetResourceID(), 102);
   EXPECT_EQ(plain->GetDocTemplate()->GetResourceID(), 101);
@@ -86,7 +86,7 @@ TEST_F(App, OpensAFileWithTheTypeOfItsExtension) {
   for (const auto& row : rows) {
     folder.Write(row.name, "stars");
     CDocument* document = Open(row.name);
-    ASSERT_NE(document, nullptr) << row.name;
+    ASSERT_TRUE(document) << row.name;
     EXPECT_EQ(document->GetDocTemplate()->GetResourceID(), row.resourceId) << row.name;
     EXPECT_EQ(document->GetTitle(), row.name);
     EXPECT_EQ(static_cast<TextDocument*>(document)->text, "stars");
@@ -113,7 +113,7 @@ TEST_F(App, ActivatesAFileThatIsOpenAlready) {
 
 TEST_F(App, ForgetsAFileThatItRefuses) {
   folder.Write("refused.pln", "!");
-  EXPECT_EQ(Open("refused.pln"), nullptr);
+  EXPECT_FALSE(Open("refused.pln"));
   EXPECT_THAT(prompts.messages, ElementsAre("refused"));
   EXPECT_EQ(TextDocument::ended, 1);
   EXPECT_TRUE(app.Documents().empty());
@@ -124,8 +124,8 @@ TEST_F(App, ForgetsAFileThatItRefuses) {
 TEST_F(App, AsksForTheFileToOpen) {
   folder.Write("a.prd", "stars");
   prompts.names = {folder / "a.prd", std::nullopt};
-  EXPECT_NE(app.OnFileOpen(), nullptr);
-  EXPECT_EQ(app.OnFileOpen(), nullptr);
+  EXPECT_TRUE(app.OnFileOpen());
+  EXPECT_FALSE(app.OnFileOpen());
   std::vector<std::string> filters;
   for (const FileFilter& filter : prompts.filePrompts.at(0).filters) filters.push_back(filter.name);
   EXPECT_THAT(filters, ElementsAre("Plain Files (*.pln)", "Product Files (*.prd)", "All Files (*.*)"));
@@ -137,12 +137,12 @@ TEST_F(App, DropsARecentFileThatHasGone) {
     Open(name)->OnFileClose();
   }
   std::filesystem::remove(folder / "b.pln");
-  EXPECT_EQ(app.OnOpenRecentFile(0), nullptr);
+  EXPECT_FALSE(app.OnOpenRecentFile(0));
   EXPECT_THAT(prompts.messages,
               ElementsAre("Cannot open " + folder / "b.pln" + ":\nNo such file or directory"));
   EXPECT_THAT(app.GetRecentFiles().Paths(), ElementsAre(folder / "a.pln"));
-  EXPECT_NE(app.OnOpenRecentFile(0), nullptr);
-  EXPECT_EQ(app.OnOpenRecentFile(1), nullptr);
+  EXPECT_TRUE(app.OnOpenRecentFile(0));
+  EXPECT_FALSE(app.OnOpenRecentFile(1));
 }
 
 TEST_F(App, EndsAReleasedDocumentInTheNextIdlePassOnly) {
@@ -198,9 +198,9 @@ TEST_F(App, IsBusyDuringALongOperation) {
     ++passes;
     EXPECT_TRUE(app.IsBusy());
     app.OnIdle();  // as the pumping of messages does
-    EXPECT_EQ(app.OnFileNew(), nullptr);
-    EXPECT_EQ(app.OnFileOpen(), nullptr);
-    EXPECT_EQ(Open("a.pln"), nullptr);
+    EXPECT_FALSE(app.OnFileNew());
+    EXPECT_FALSE(app.OnFileOpen());
+    EXPECT_FALSE(Open("a.pln"));
     EXPECT_FALSE(app.CloseAllDocuments());
   };
   app.OnIdle();

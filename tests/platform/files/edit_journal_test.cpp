@@ -54,7 +54,7 @@ TEST(EditJournal, IsFoundAgainAfterItsProgramWasKilled) {
 TEST(EditJournal, IsRemovedWithItsBase) {
   const TempFolder folder;
   const auto journal = EditJournal::Create(folder.Path());
-  ASSERT_NE(journal, nullptr);
+  ASSERT_TRUE(journal);
   journal->Append("edit");
   std::ofstream(journal->BasePath()) << "base";
   EXPECT_EQ(folder.Names().size(), 2U);
@@ -66,7 +66,7 @@ TEST(EditJournal, IsRemovedWithItsBase) {
 TEST(EditJournal, EndsAtTheFirstDamagedRecord) {
   const TempFolder folder;
   const auto journal = EditJournal::Create(folder.Path());
-  ASSERT_NE(journal, nullptr);
+  ASSERT_TRUE(journal);
   for (const char* record : {"one", "two"}) journal->Append(record);
   const std::string whole = folder.Read(folder.Names().at(0));
   const std::size_t second = whole.size() / 2;  // equal lengths
@@ -81,8 +81,8 @@ TEST(EditJournal, EndsAtTheFirstDamagedRecord) {
 }
 
 TEST(EditJournal, SaysThatItCannotBeWritten) {
-  EXPECT_EQ(EditJournal::Create("/proc/none"), nullptr);
-  EXPECT_EQ(EditJournal::Create(""), nullptr);
+  EXPECT_FALSE(EditJournal::Create("/proc/none"));
+  EXPECT_FALSE(EditJournal::Create(""));
   EXPECT_TRUE(EditJournal::Abandoned("/proc/none").empty());
 
   const TempFolder folder;

@@ -138,7 +138,7 @@ TEST(SettingsPlaces, FollowTheEnvironment) {
   for (const Row& row : rows) {
     const int status = RunInChild([&] {
       const auto set = [](const char* name, const char* value) {
-        value == nullptr ? unsetenv(name) : setenv(name, value, 1);
+        value ? setenv(name, value, 1) : unsetenv(name);
       };
       set("HOME", row.home);
       set("XDG_CONFIG_HOME", row.configHome);
