@@ -22,7 +22,7 @@ class BenchFolder {
  public:
   BenchFolder() {
     std::string name = (std::filesystem::temp_directory_path() / "quorvel-bench-XXXXXX").string();
-    if (mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
+    if (!mkdtemp(name.data())) throw std::runtime_error("no temporary folder");
     path_ = name;
   }
   ~BenchFolder() { std::filesystem::remove_all(path_); }

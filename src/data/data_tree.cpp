@@ -87,7 +87,7 @@ DataBranch::DataBranch(std::string_view name) : DataNode(NodeKind::Branch, nullp
 
 DataBranch::~DataBranch() {
   delete pool_;
-}  // runs for roots only: a pool's nodes end with the pool
+}  // runs for roots only: a pool's nodes are destroyed with the pool
 
 DataBranch* DataBranch::GetBranch(std::string_view path) {
   DataBranch* branch = this;
@@ -151,7 +151,7 @@ DataNode* DataBranch::AddCopy(const DataNode* node) {
 
 void DataBranch::CopyFrom(const DataBranch& source) {
   if (&source == this) return;
-  if (source.pool_ == pool_) {  // clearing could end the source
+  if (source.pool_ == pool_) {  // clearing could destroy the source
     DataBranch aside("");
     aside.CopyFrom(source);
     CopyFrom(aside);

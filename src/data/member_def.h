@@ -29,7 +29,7 @@ using FloatDefault = NumberDefault<float>;
 /// for float, nothing for object members.
 using MemberDefault = std::variant<std::monostate, std::string, IntDefault, FloatDefault>;
 
-/// What a member carries for its editor; it ends with the member.
+/// What a member carries for its editor; the member destroys it.
 class MemberAttachment {
  public:
   virtual ~MemberAttachment() = default;

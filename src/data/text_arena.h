@@ -45,8 +45,8 @@ class TextArena {
   void IndexEnds(std::size_t from);
 
   std::vector<char> bytes_;
-  std::vector<std::uint32_t>
-      nextEnd_;  ///< for each page of bytes_ the first NUL at or after the page's start
+  /// For each page of bytes_ the first NUL at or after the page's start.
+  std::vector<std::uint32_t> nextEnd_;
   TextHandle last_ = TextHandle::Empty;
 };
 

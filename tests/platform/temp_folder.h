@@ -18,7 +18,7 @@ class TempFolder {
  public:
   TempFolder() {
     std::string pattern = (std::filesystem::temp_directory_path() / "quorvel-test-XXXXXX").string();
-    if (mkdtemp(pattern.data()) == nullptr) ADD_FAILURE() << "no temporary folder";
+    if (!mkdtemp(pattern.data())) ADD_FAILURE() << "no temporary folder";
     path_ = pattern;
   }
   ~TempFolder() {

@@ -19,7 +19,7 @@ class MapJournal {
   /// An empty folder: nothing is kept.
   explicit MapJournal(std::string folder) : folder_(std::move(folder)) {}
 
-  bool IsOpen() const { return journal_ != nullptr; }
+  bool IsOpen() const { return static_cast<bool>(journal_); }
   /// True after something could not be written; nothing more is kept until the next Remove.
   bool HasFailed() const { return hasFailed_; }
 
@@ -28,7 +28,7 @@ class MapJournal {
   bool Begin(JournalHead head, const MapContents& map, Feedback& feedback, std::string& errorText);
   /// Keeps the value that the record has in a member of the cell class. The journal must be open.
   bool Add(const CellRecord& record, const MemberDef& member, std::string& errorText);
-  /// Goes on with a journal that was replayed.
+  /// Continues a journal that was replayed.
   void Resume(std::unique_ptr<EditJournal> journal) { journal_ = std::move(journal); }
   /// The changes are saved, or not wanted: no file is left.
   void Remove();

@@ -9,10 +9,10 @@ namespace quorvel {
 class BusyScope {
  public:
   explicit BusyScope(DocumentOwner* owner) : owner_(owner) {
-    if (owner_ != nullptr) owner_->BeginBusy();
+    if (owner_) owner_->BeginBusy();
   }
   ~BusyScope() {
-    if (owner_ != nullptr) owner_->EndBusy();
+    if (owner_) owner_->EndBusy();
   }
   BusyScope(const BusyScope&) = delete;
   BusyScope& operator=(const BusyScope&) = delete;

@@ -13,8 +13,8 @@ class FrameHost {
   virtual void OpenFrame(CDocument& document) = 0;
   /// Brings a frame of the document to the front.
   virtual void ActivateFrame(CDocument& document) = 0;
-  /// Closes every frame of the document, which has some, without a question; their views may end later, but
-  /// before the next idle pass.
+  /// Closes every frame of the document, which has some, without a question; their views may be destroyed
+  /// later, but before the next idle pass.
   virtual void CloseFrames(CDocument& document) = 0;
   /// Asks for one `CWinApp::OnIdle` soon, from the top of the message loop. Asking again before that changes
   /// nothing.

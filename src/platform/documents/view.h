@@ -19,7 +19,7 @@ struct UpdateHint {
   CellCoord previous{};
 };
 
-/// One picture of a document. Owned by its frame; its end takes it off the document's list.
+/// One picture of a document. Owned by its frame; its destructor takes it off the document's list.
 class CView {
  public:
   CView() = default;
@@ -27,7 +27,7 @@ class CView {
   CView& operator=(const CView&) = delete;
   virtual ~CView();
 
-  /// The document shown, null before `CDocument::AddView` and after the document's end.
+  /// The document shown, null before `CDocument::AddView` and after the document is destroyed.
   CDocument* GetDocument() const { return document_; }
 
   /// The document changed; `sender` is the view that changed it, null when none did. Never called for the

@@ -49,8 +49,8 @@ class CWinApp : public DocumentOwner {
   /// (or is busy).
   bool CloseAllDocuments();
 
-  /// One idle pass: documents that are done with end, then each open one has its OnIdle. Does nothing while
-  /// busy.
+  /// One idle pass: documents that are done with are destroyed, then each open one has its OnIdle. Does
+  /// nothing while busy.
   void OnIdle();
 
   /// True while a long operation runs, which closing, opening, saving, printing and the like would break.

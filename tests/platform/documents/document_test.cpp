@@ -83,7 +83,7 @@ TEST_F(Document, IsReleasedWithItsLastView) {
   EXPECT_EQ(releases, 1);
 
   LoggingView view;
-  std::make_unique<TextDocument>(prompts)->AddView(view);  // ends before its view
+  std::make_unique<TextDocument>(prompts)->AddView(view);  // destroyed before its view
   EXPECT_FALSE(view.GetDocument());
 }
 

@@ -14,7 +14,7 @@ namespace {
 
 using testing::ElementsAre;
 
-/// Frames of one view each. With `closesLate` a closed frame's view ends only at `EndLateViews`.
+/// Frames of one view each. With `closesLate` a closed frame's view is destroyed only by `EndLateViews`.
 class TestFrames : public FrameHost {
  public:
   bool closesLate = false;

@@ -17,7 +17,7 @@ constexpr const char* kSignal = "QUORVEL_KILLED_BY";
 /// Paints 0 into the v of three cells with the pointer.
 void PaintThreeCells(Editor& editor, const std::string& path) {
   CVastrelDoc* document = editor.Open(path);
-  ASSERT_NE(document, nullptr);
+  ASSERT_TRUE(document);
   editor.Run(ID_TOOL_CELL_PROPERTY);
   OnToolOptionsCommand(*document, kToolCombo, kSelectionChanged, 1);
   editor.PressAt(editor.Middle({1, 1}));

@@ -111,7 +111,7 @@ TEST(ErrorTexts, OfMapFiles) {
     Editor editor(Answers::InWindows);
     WhenModals({Says("Map file error:\n\n" + row.text + "\n")});
     const CVastrelDoc* document = editor.Open(editor.folder.Write("map.gdf", WithCrLf(row.file)));
-    EXPECT_EQ(document != nullptr, row.opens);
+    EXPECT_EQ(static_cast<bool>(document), row.opens);
     EXPECT_EQ(editor.app.GetRecentFiles().Paths().size(), row.opens ? 1U : 0U);
   }
 }

@@ -183,7 +183,7 @@ TEST(CellPropertiesPage, RemovesTheSelectedValues) {
       run.ClickValue(2, Qt::ControlModifier);
       row.remove(run);
       EXPECT_EQ(run.Shares(), "33.33% 33.33% 33.33%");
-      EXPECT_EQ(run.Picker().CurrentValue(), nullptr) << "the current value is gone";
+      EXPECT_FALSE(run.Picker().CurrentValue()) << "the current value is gone";
       row.remove(run);
       EXPECT_EQ(run.Values().Model().rowCount(), 3) << "nothing is selected";
       QTest::keyClick(&run.Values(), Qt::Key_A, Qt::ControlModifier);
@@ -218,7 +218,7 @@ TEST(CellPropertiesPage, EditsTextsInPlace) {
          QApplication::setDoubleClickInterval(1);
          run.ClickValue(0);
          run.ClickValue(0);
-         EXPECT_TRUE(QTest::qWaitFor([&run] { return run.Editor() != nullptr; }));
+         EXPECT_TRUE(QTest::qWaitFor([&run]() -> bool { return run.Editor(); }));
        }},
   };
   const int usualInterval = QApplication::doubleClickInterval();
