@@ -40,7 +40,7 @@ void DumpRecord(const CellRecord& record, const ClassDef& cellClass, Results& ou
 
 void DumpSide(std::string_view name, const CellGrid* grid, int cells, Results& out) {
   out.Line() += name;
-  if (grid != nullptr)
+  if (grid)
     AppendDecimal(out.Line(), cells);
   else
     out.Line() += "none";
@@ -53,9 +53,9 @@ void DumpMap(const MapContents& contents, Results& out) {
   const CellGrid* grid = contents.m_pGrid.get();
   out.Line().append("form ").append(NameOf(FormOf(contents)));
   out.EndLine();
-  DumpSide("width ", grid, grid != nullptr ? grid->Width() : 0, out);
-  DumpSide("height ", grid, grid != nullptr ? grid->Height() : 0, out);
-  if (grid == nullptr || contents.m_pCellClass == nullptr) return;
+  DumpSide("width ", grid, grid ? grid->Width() : 0, out);
+  DumpSide("height ", grid, grid ? grid->Height() : 0, out);
+  if (!grid || !contents.m_pCellClass) return;
   for (auto record = grid->Following(-1); record && !out.Failed(); record = grid->Following(record->index))
     DumpRecord(*record, *contents.m_pCellClass, out);
 }

@@ -77,12 +77,12 @@ void PrintGrid(const CellGrid& grid, std::uint64_t blockBytes, Results& out) {
 
 void PrintSummary(const MapContents& contents, Results& out) {
   PrintRow(out, "form", NameOf(FormOf(contents)));
-  if (contents.m_pGrid != nullptr)
+  if (contents.m_pGrid)
     PrintGrid(*contents.m_pGrid, CellBlockBytes(contents), out);
   else
     PrintRow(out, "size", "none, the file is refused");
   PrintTypes(*contents.m_pTypes, out);
-  if (contents.m_pCellClass != nullptr) PrintProperties(*contents.m_pCellClass, contents.m_pGrid.get(), out);
+  if (contents.m_pCellClass) PrintProperties(*contents.m_pCellClass, contents.m_pGrid.get(), out);
 }
 
 }  // namespace quorvel

@@ -32,8 +32,8 @@ enum class LineEnds {
 std::string_view PopPathHead(std::string_view& path);
 
 /// A named node of a data tree. A tree is a root branch and everything below it; nodes come from the root's
-/// pool and live until they, an ancestor or the root end. Views of names and values are good as long as their
-/// node keeps them.
+/// pool and live until they, an ancestor or the root are destroyed. Views of names and values are good as
+/// long as their node keeps them.
 class DataNode {
  public:
   DataNode(const DataNode&) = delete;
@@ -147,11 +147,11 @@ class DataBranch : public DataNode {
   /// Becomes a copy of the source, name included (unless a sibling leaf of this branch has that name).
   void CopyFrom(const DataBranch& source);
 
-  /// Ends all children. A root's pool gives back its memory here; other branches give it back with their
+  /// Destroys all children. A root's pool gives back its memory here; other branches give it back with their
   /// root.
   void Clear();
 
-  /// Ends the node that `FindNode` finds; false when there is none or it is a root.
+  /// Destroys the node that `FindNode` finds; false when there is none or it is a root.
   bool RemoveNode(std::string_view path, NodeKind kind);
   bool RemoveLeaf(std::string_view path) { return RemoveNode(path, NodeKind::Leaf); }
   bool RemoveBranch(std::string_view path) { return RemoveNode(path, NodeKind::Branch); }

@@ -60,7 +60,7 @@ void CheckMapParts(std::streambuf& file, const NumberedText& text, const MapCont
   const bool binary = FormOf(contents) == FileForm::Binary;
   CheckHeader(text, FormOf(contents), report);
   if (!binary) CheckGalaxy(text, contents.m_pMapClass, report);
-  if (contents.m_pGrid == nullptr || contents.m_pCellClass == nullptr) return;
+  if (!contents.m_pGrid || !contents.m_pCellClass) return;
   if (binary) {
     CheckBlocks(file, text, contents, report);
     CheckRecords(contents, report);

@@ -24,8 +24,8 @@ template <class Visit>
 void ForEachFixedLeaf(const DataBranch& tree, Visit visit) {
   for (const char* name : kFixedBranches) {
     const DataBranch* top = tree.FindBranch(name);
-    if (top == nullptr) continue;
-    for (DataWalk walk(*top); walk.Node() != nullptr; walk.Next()) {
+    if (!top) continue;
+    for (DataWalk walk(*top); walk.Node(); walk.Next()) {
       if (walk.Node()->GetKind() != NodeKind::Leaf || walk.Node()->GetParent()->GetName() == kOffsets)
         continue;
       std::string path(walk.Node()->GetName());
@@ -39,8 +39,7 @@ void ForEachFixedLeaf(const DataBranch& tree, Visit visit) {
 }  // namespace
 
 bool IsMapText(const DataBranch& tree) {
-  return tree.FindBranch("Version") != nullptr || tree.FindBranch("Declare") != nullptr ||
-         tree.FindBranch("Objects") != nullptr;
+  return tree.FindBranch("Version") || tree.FindBranch("Declare") || tree.FindBranch("Objects");
 }
 
 void CheckHeader(const NumberedText& text, FileForm form, const ProblemSink& report) {
@@ -49,7 +48,7 @@ void CheckHeader(const NumberedText& text, FileForm form, const ProblemSink& rep
   const auto written = BuildFileTree(smallest, form, {});
   ForEachFixedLeaf(*written, [&](const std::string& path, const DataLeaf& expected) {
     const DataLeaf* leaf = text.Tree().FindLeaf(path);
-    if (leaf == nullptr) {
+    if (!leaf) {
       report({0, path + " is missing"});
     } else if (leaf->GetValue() != expected.GetValue() || leaf->GetValueType() != expected.GetValueType()) {
       report(
@@ -57,19 +56,19 @@ void CheckHeader(const NumberedText& text, FileForm form, const ProblemSink& rep
     }
   });
   ForEachFixedLeaf(text.Tree(), [&](const std::string& path, const DataLeaf& leaf) {
-    if (written->FindLeaf(path) == nullptr) report({text.LineOf(leaf), path + " is not part of such a map"});
+    if (!written->FindLeaf(path)) report({text.LineOf(leaf), path + " is not part of such a map"});
   });
 }
 
 void CheckGalaxy(const NumberedText& text, const ClassDef* mapClass, const ProblemSink& report) {
   const DataBranch* galaxy = text.Tree().FindBranch(kGalaxyPath);
-  if (galaxy == nullptr) {
+  if (!galaxy) {
     report({0, "Objects/Galaxy is missing"});
     return;
   }
-  for (const DataLeaf* leaf = galaxy->GetFirstLeaf(); leaf != nullptr; leaf = leaf->GetNextLeaf()) {
-    const MemberDef* member = mapClass != nullptr ? mapClass->FindMember(leaf->GetName()) : nullptr;
-    if (member == nullptr) {
+  for (const DataLeaf* leaf = galaxy->GetFirstLeaf(); leaf; leaf = leaf->GetNextLeaf()) {
+    const MemberDef* member = mapClass ? mapClass->FindMember(leaf->GetName()) : nullptr;
+    if (!member) {
       report({text.LineOf(*leaf), fmt::format("no member of class Map is named {}", leaf->GetName())});
     } else if (const auto problem = ValueTextProblem(*member, leaf->GetValue())) {
       report({text.LineOf(*leaf), *problem});

@@ -27,7 +27,7 @@ void PaintMark(CVastrelDoc& document, ToolPhase phase) {
   const std::uint8_t mark = IsMarked(document, cell);
   if (phase == ToolPhase::Pressed)
     document.m_bMarkMode = WithMark(document.m_bMarkMode, static_cast<std::uint8_t>(~mark));
-  if (document.m_pGrid == nullptr || !document.m_pGrid->IsValid(cell)) return;
+  if (!document.m_pGrid || !document.m_pGrid->IsValid(cell)) return;
 
   const std::uint8_t painted = WithMark(mark, document.m_bMarkMode);
   if (painted == mark) return;
@@ -36,7 +36,7 @@ void PaintMark(CVastrelDoc& document, ToolPhase phase) {
 }
 
 void MarkEveryCell(CVastrelDoc& document, MarkMode mode) {
-  if (document.m_pGrid == nullptr) return;
+  if (!document.m_pGrid) return;
   std::uint8_t* marks = document.m_pCellMarks.get();
   for (std::int32_t index = 0; index < document.m_pGrid->CellCount(); ++index)
     marks[index] = WithMark(marks[index], static_cast<std::uint8_t>(mode));
@@ -60,8 +60,8 @@ void ShowCellText(CVastrelDoc& document, std::string_view text) {
 }
 
 bool SetCurrentCell(CVastrelDoc& document, const CellCoord* cell) {
-  if (document.m_pGrid == nullptr) return false;
-  if (cell == nullptr) {
+  if (!document.m_pGrid) return false;
+  if (!cell) {
     ShowCellText(document, "");
     return false;
   }
@@ -104,7 +104,7 @@ void OnEditDeselect(CVastrelDoc& document) {
 }
 
 void OnViewFilter(CVastrelDoc& document) {
-  const ClassDef* cellClass = document.m_pMapClass != nullptr ? document.m_pCellClass : nullptr;
+  const ClassDef* cellClass = document.m_pMapClass ? document.m_pCellClass : nullptr;
   Services& services = document.GetServices();
   std::optional<CPropertySettingList> chosen =
       services.mapDialogs.ChooseFilter(document.m_pFilter.get(), cellClass);

@@ -99,7 +99,7 @@ bool ApplyValue(Fields fields, MapContents& map) {
 
 std::string DescribeCellClass(const MapContents& map) {
   std::string text;
-  if (map.m_pCellClass == nullptr) return text;
+  if (!map.m_pCellClass) return text;
   for (const auto& member : map.m_pCellClass->Members())
     text += fmt::format("{} {}\n", static_cast<int>(member->GetKind()), member->GetName());
   return text;
@@ -144,7 +144,7 @@ std::string EncodeValue(const CellRecord& record, const MemberDef& member) {
   PutLittleEndian(bytes, static_cast<std::uint32_t>(position - members.begin()));
   PutLittleEndian(bytes, static_cast<std::uint32_t>(record.index));
   const void* slot = member.GetValuePtr(record.data);
-  if (slot == nullptr) return bytes;
+  if (!slot) return bytes;
   if (member.GetKind() == MemberKind::String) {
     bytes += static_cast<const StringMember&>(member).Text(slot);
   } else {

@@ -69,7 +69,7 @@ bool MapJournal::Add(const CellRecord& record, const MemberDef& member, std::str
 }
 
 void MapJournal::Remove() {
-  if (journal_ != nullptr) journal_->Remove();
+  if (journal_) journal_->Remove();
   journal_.reset();
   hasFailed_ = false;
 }

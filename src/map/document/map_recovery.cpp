@@ -69,7 +69,7 @@ class Offer {
     if (!first) journal_->Remove();  // its program ended before it held anything
     std::optional<JournalHead> head = DecodeHead(first.value_or(""));
     const auto* docTemplate = head ? FindTemplate(application_, head->templateId) : nullptr;
-    if (docTemplate == nullptr) return false;  // left for a later version
+    if (!docTemplate) return false;  // left for a later version
     const std::string name = head->path.empty() ? head->title : head->path;
     switch (services_.prompts.Message(
         fmt::format("Quorvel ended unexpectedly.\nRecover the changes of {}?", name),

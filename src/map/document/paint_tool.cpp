@@ -10,7 +10,7 @@ namespace quorvel {
 namespace {
 
 MemberDef* MemberAt(const CVastrelDoc& document, int position) {
-  if (document.m_pCellClass == nullptr || position < 0) return nullptr;
+  if (!document.m_pCellClass || position < 0) return nullptr;
   const auto& members = document.m_pCellClass->Members();
   return static_cast<std::size_t>(position) < members.size() ? members[position].get() : nullptr;
 }
@@ -30,7 +30,7 @@ std::optional<CellRecord> CurrentRecord(CVastrelDoc& document) {
 
 void ShowPaintEditor(CVastrelDoc& document, int position) {
   MemberDef* member = MemberAt(document, position);
-  if (member == nullptr) return;
+  if (!member) return;
   const WaitCursor wait(document.GetServices().feedback);
   if (document.m_nNextEditorId == kLastBarControl) CreateAllEditors(document);
 
@@ -57,7 +57,7 @@ void PaintCurrentCell(CVastrelDoc& document) {
 MemberEditor* FindEditor(const CVastrelDoc& document, int controlId) {
   for (const MemberDef* member : document.m_editors) {
     MemberEditor* editor = EditorOf(*member);
-    if (editor != nullptr && editor->GetControlId() == controlId) return editor;
+    if (editor && editor->GetControlId() == controlId) return editor;
   }
   return nullptr;
 }

@@ -31,7 +31,7 @@ void CVastrelDoc::OnCloseDocument() {
 
 bool CVastrelDoc::DoSave(const std::optional<std::string>& path, Replace replace) {
   const CMultiDocTemplateWithID* docTemplate = GetDocTemplate();
-  if (!path && docTemplate != nullptr && docTemplate->GetResourceID() == kProductMapTemplate) {
+  if (!path && docTemplate && docTemplate->GetResourceID() == kProductMapTemplate) {
     const std::optional<FileForm> form = services_.mapDialogs.ChooseDataType(FormOf(*this));
     if (!form) return false;
     m_nDataType = DataTypeOf(*form);
@@ -40,7 +40,7 @@ bool CVastrelDoc::DoSave(const std::optional<std::string>& path, Replace replace
 }
 
 void CVastrelDoc::OnIdle() {
-  if (m_bStarted || m_pGrid != nullptr) return;
+  if (m_bStarted || m_pGrid) return;
   m_bStarted = true;  // before anything that pumps messages, and with them this
   std::string errorText;
   try {
@@ -125,7 +125,7 @@ void CVastrelDoc::StoreCellValue(const CellRecord& record, const MemberDef& memb
 
 bool CVastrelDoc::BeginJournal(Feedback& feedback, std::string& errorText) {
   const CMultiDocTemplateWithID* docTemplate = GetDocTemplate();
-  return journal_.Begin({.templateId = docTemplate == nullptr ? 0 : docTemplate->GetResourceID(),
+  return journal_.Begin({.templateId = docTemplate ? docTemplate->GetResourceID() : 0,
                          .dataType = m_nDataType,
                          .title = GetTitle(),
                          .path = GetPathName(),

@@ -50,7 +50,7 @@ class CVastrelDoc : public CDocument, public MapContents, public CellListener {
   void Adopt(MapContents&& contents);
 
   /// Takes the map that an abandoned journal keeps, as a modified document under its old title and path, and
-  /// goes on with the journal.
+  /// continues the journal.
   void Recover(const JournalHead& head, MapContents&& contents, std::unique_ptr<EditJournal> journal);
 
   /// Stores a slot's value (null: the default) of a member of the cell class in one cell. The record must

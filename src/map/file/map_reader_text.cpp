@@ -10,7 +10,7 @@ namespace {
 
 std::int32_t IntLeaf(const DataBranch& branch, std::string_view name) {
   const DataLeaf* leaf = branch.FindLeaf(name);
-  return leaf == nullptr ? 0 : ToInt(leaf->GetValue());
+  return leaf ? ToInt(leaf->GetValue()) : 0;
 }
 
 }  // namespace
@@ -52,9 +52,9 @@ void ReadCellValueText(const MemberDef& member, ClassInstance instance, const Da
 void LoadTreeCells(const DataBranch& tree, TextCells& cells, const MapContents& contents,
                    MapProgress& progress) {
   const DataBranch* branches = tree.FindBranch(kCellsPath);
-  if (branches == nullptr) return;
+  if (!branches) return;
   const DataBranch* cell = branches->GetFirstBranch();
-  for (; cell != nullptr && !cells.IsRefused(); cell = cell->GetNextBranch()) {
+  for (; cell && !cells.IsRefused(); cell = cell->GetNextBranch()) {
     const std::optional<CellRecord> record = cells.Make(ToInt(cell->GetName()));
     if (!record) continue;
     for (const auto& member : contents.m_pCellClass->Members())

@@ -30,7 +30,7 @@ std::uint64_t CountLoadedCells(const CellGrid& grid, FileForm form) {
 
 std::optional<MapFilePlan> PlanMapFile(const MapContents& contents, FileForm form, std::string_view title,
                                        std::string& errorText) {
-  if (contents.m_pGrid == nullptr) {
+  if (!contents.m_pGrid) {
     errorText += "There is no map to save.\n";
     return std::nullopt;
   }

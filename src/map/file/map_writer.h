@@ -16,8 +16,8 @@ namespace quorvel {
 /// A map file worked out before its first byte is written: everything but the cells, and the size of it all.
 /// Holds for the contents that it was made of, as long as these do not change.
 struct MapFilePlan {
-  std::unique_ptr<DataBranch>
-      tree;                     ///< in the text form without the cells, in the binary form with final offsets
+  /// In the text form without the cells, in the binary form with final offsets.
+  std::unique_ptr<DataBranch> tree;
   std::uint64_t treeBytes = 0;  ///< of the tree's text
   std::uint64_t fileBytes = 0;
   FileForm form = FileForm::Text;

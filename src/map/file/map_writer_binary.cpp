@@ -19,14 +19,14 @@ class AllCells {
     defaults_ = cellClass_->CreateInstance();
   }
   ~AllCells() {
-    if (cellClass_ != nullptr) cellClass_->DestroyInstance(defaults_);
+    if (cellClass_) cellClass_->DestroyInstance(defaults_);
   }
   AllCells(const AllCells&) = delete;
   AllCells& operator=(const AllCells&) = delete;
 
   const CellGrid& Grid() const { return grid_; }
   ClassDef* CellClass() const { return cellClass_; }
-  std::int32_t PackedSize() const { return cellClass_ == nullptr ? 0 : cellClass_->PackedSize(); }
+  std::int32_t PackedSize() const { return cellClass_ ? cellClass_->PackedSize() : 0; }
 
   /// Calls `visit(index, block)` until it answers false. The block is null where there are no values at all.
   template <class Visit>
@@ -39,7 +39,7 @@ class AllCells {
         if (record->data != ClassInstance::None) data = record->data;
         record = grid_.Following(index);
       }
-      if (!visit(index, cellClass_ == nullptr ? nullptr : cellClass_->Block(data))) return;
+      if (!visit(index, cellClass_ ? cellClass_->Block(data) : nullptr)) return;
     }
   }
 

@@ -86,7 +86,7 @@ void DrawValues(const FillContext& context, std::int32_t index, const std::vecto
   std::optional<CellRecord> record;
   for (const ValueDraw& draw : draws) {
     const CValueSetting* value = draw.Next(random);
-    if (value == nullptr) continue;
+    if (!value) continue;
     if (!record) record = RecordOf(context, index);
     if (record) StoreValue(context, *record, *value);
   }
@@ -253,7 +253,7 @@ void FillRegions(const FillContext& context, const CPropertySetting& setting) {
 
 void FillMap(MapContents& map, const CPropertySettingList& global, const CPropertySettingList& region,
              std::uint32_t seed, Feedback& feedback, CellListener& listener) {
-  assert(map.m_pGrid != nullptr);
+  assert(map.m_pGrid);
   const FillContext context{map, feedback, listener};
   RandomNumbers random(seed);
   FillGlobally(context, global, random);

@@ -11,12 +11,12 @@ namespace {
 bool Passes(const CPropertySetting& setting, ClassInstance instance) {
   const MemberDef* member = setting.GetMember();
   const auto& values = setting.GetValues();
-  if (member == nullptr || member->GetKind() == MemberKind::Object) return true;
+  if (!member || member->GetKind() == MemberKind::Object) return true;
   if (values.empty() || !(setting.GetCoverage() > 0)) return true;
 
   std::uint32_t standard = 0;
   const void* slot = member->GetValuePtr(instance);
-  if (slot == nullptr) {
+  if (!slot) {
     member->ConstructValue(&standard);
     slot = &standard;
   }

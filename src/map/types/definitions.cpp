@@ -16,9 +16,9 @@ void BuildTypes(const DataBranch& file, MapContents& contents, std::string& erro
     errorText += "Classes not found.\n";
   }
   contents.m_pMapClass = contents.m_pTypes->FindClass("Map");
-  if (contents.m_pMapClass == nullptr) errorText += "Map definition not found.\n";
+  if (!contents.m_pMapClass) errorText += "Map definition not found.\n";
   contents.m_pCellClass = contents.m_pTypes->FindClass("Cell");
-  if (contents.m_pCellClass == nullptr) {
+  if (!contents.m_pCellClass) {
     errorText += "Cell definition not found.\n";
     return;
   }

@@ -8,7 +8,7 @@
 namespace quorvel {
 
 std::uint64_t CellBlockBytes(const MapContents& contents) {
-  return contents.m_pCellClass == nullptr ? 0 : static_cast<std::uint64_t>(contents.m_pCellClass->Size());
+  return contents.m_pCellClass ? static_cast<std::uint64_t>(contents.m_pCellClass->Size()) : 0;
 }
 
 bool CheckMap(const MapContents& contents, std::int64_t width, std::int64_t height, std::string& errorText) {

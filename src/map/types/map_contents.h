@@ -19,14 +19,14 @@ namespace quorvel {
 /// A cell's values are an instance of `m_pCellClass`, which owns it; the grid's records only name it. A cell
 /// without a record stands for the class's defaults.
 struct MapContents {
-  std::unique_ptr<DataBranch>
-      m_pClasses;  ///< the branch "Classes" that the types were built from; null: none
+  /// The branch "Classes" that the types were built from; null: none.
+  std::unique_ptr<DataBranch> m_pClasses;
   std::unique_ptr<TypeList> m_pTypes = std::make_unique<TypeList>();  ///< in the order of their declaration
   ClassDef* m_pMapClass = nullptr;    ///< the first class "Map" in m_pTypes, or null
   ClassDef* m_pCellClass = nullptr;   ///< the first class "Cell" in m_pTypes, or null
   std::unique_ptr<CellGrid> m_pGrid;  ///< null until a map is made or loaded; null after a refused file
-  std::unique_ptr<std::uint8_t[]>
-      m_pCellMarks;  ///< a byte a cell of the grid; bit 0: marked. Null without grid
+  /// A byte a cell of the grid; bit 0: marked. Null without grid.
+  std::unique_ptr<std::uint8_t[]> m_pCellMarks;
   /// Number of the form of the map's file; see FormOf.
   int m_nDataType = DataTypeOf(FileForm::Text);
 };

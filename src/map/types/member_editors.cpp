@@ -27,7 +27,7 @@ std::unique_ptr<MemberEditor> MakeEditor(MemberKind kind) {
 /// Puts what a member embeds on a worklist, to be taken off in order.
 void OpenEmbedded(const MemberDef& member, std::vector<MemberDef*>& open) {
   const ClassDef* embedded = EmbeddedClass(member);
-  if (embedded == nullptr) return;
+  if (!embedded) return;
   const auto& members = embedded->Members();
   std::transform(members.rbegin(), members.rend(), std::back_inserter(open),
                  [](const auto& inner) { return inner.get(); });
@@ -35,7 +35,7 @@ void OpenEmbedded(const MemberDef& member, std::vector<MemberDef*>& open) {
 
 std::int32_t DefaultPosition(const MemberDef& member) {
   const auto* initial = std::get_if<IntDefault>(&member.GetDefault());
-  return initial != nullptr ? initial->initial : 0;
+  return initial ? initial->initial : 0;
 }
 
 }  // namespace
@@ -63,7 +63,7 @@ void CMemberCombo::TakeDefault(MemberDef& member) {
   names_.clear();
   if (const ClassDef* embedded = EmbeddedClass(member)) {
     for (const std::unique_ptr<MemberDef>& inner : embedded->Members()) names_.push_back(inner->GetName());
-  } else if (member.GetKind() == MemberKind::Index && member.GetRefType() != nullptr) {
+  } else if (member.GetKind() == MemberKind::Index && member.GetRefType()) {
     names_ = static_cast<const ListDef*>(member.GetRefType())->ItemNames();
   }
   SetSelection(member.SetTag(DefaultPosition(member)));
@@ -82,7 +82,7 @@ void AttachEditor(MemberDef& member) {
   while (!open.empty()) {
     MemberDef* next = open.back();
     open.pop_back();
-    if (next->GetAttachment() != nullptr) continue;
+    if (next->GetAttachment()) continue;
     next->SetAttachment(MakeEditor(next->GetKind()));
     OpenEmbedded(*next, open);
   }
@@ -94,7 +94,7 @@ void CreateEditors(MemberDef& member, int& lastControlId, std::vector<MemberDef*
     MemberDef* next = open.back();
     open.pop_back();
     MemberEditor* editor = EditorOf(*next);
-    if (editor == nullptr || editor->GetControlId() != 0) continue;
+    if (!editor || editor->GetControlId() != 0) continue;
     editor->Create(*next, ++lastControlId);
     created.push_back(next);
     OpenEmbedded(*next, open);

@@ -40,7 +40,7 @@ void CDocument::SetTitle(std::string title) {
 void CDocument::SetPathName(const std::string& path) {
   pathName_ = Absolute(path);
   SetTitle(std::filesystem::path(pathName_).filename().string());
-  if (owner_ != nullptr) owner_->OnPathNameSet(*this);
+  if (owner_) owner_->OnPathNameSet(*this);
 }
 
 void CDocument::ResumeFile(const std::string& path, const FileStamp& stamp) {
@@ -67,7 +67,7 @@ void CDocument::AddView(CView& view) {
 void CDocument::RemoveView(CView& view) {
   std::erase(views_, &view);
   view.document_ = nullptr;
-  if (views_.empty() && owner_ != nullptr) owner_->ReleaseDocument(*this);
+  if (views_.empty() && owner_) owner_->ReleaseDocument(*this);
 }
 
 void CDocument::UpdateAllViews(CView* sender, const UpdateHint& hint) {
@@ -141,7 +141,7 @@ bool CDocument::Store(const std::string& path, std::string& reason) {
 bool CDocument::DoSave(const std::optional<std::string>& path, Replace replace) {
   const std::optional<std::string> name = path && !path->empty() ? path : AskForFileName();
   if (!name) return false;
-  if (owner_ != nullptr && owner_->FindOtherDocument(*this, *name) != nullptr) {
+  if (owner_ && owner_->FindOtherDocument(*this, *name)) {
     Report("save", *name, "The file is open in another window");
     return false;
   }
@@ -171,10 +171,10 @@ bool CDocument::DoFileSave() {
 
 std::optional<std::string> CDocument::AskForFileName() {
   const std::filesystem::path old(pathName_);
-  const std::string extension = docTemplate_ == nullptr ? std::string() : docTemplate_->Strings().filterExt;
+  const std::string extension = docTemplate_ ? docTemplate_->Strings().filterExt : std::string();
   FilePrompt prompt{.title = "Save As", .filters = {}, .folder = old.parent_path(), .name = old.filename()};
   if (prompt.name.empty()) prompt.name = title_ + extension;
-  if (docTemplate_ != nullptr) prompt.filters.push_back(docTemplate_->Filter());
+  if (docTemplate_) prompt.filters.push_back(docTemplate_->Filter());
   prompt.filters.push_back(kAllFiles);
 
   std::optional<std::string> name = prompts_.SaveFileName(prompt);
@@ -191,7 +191,7 @@ bool CDocument::Confirm(const std::string& question) {
 }
 
 void CDocument::OnFileClose() {
-  if (SaveModified() && owner_ != nullptr) owner_->ReleaseDocument(*this);
+  if (SaveModified() && owner_) owner_->ReleaseDocument(*this);
 }
 
 bool CDocument::SaveModified() {

@@ -22,7 +22,8 @@ class DocumentOwner {
   virtual ~DocumentOwner() = default;
   /// The document got a path by being opened or saved.
   virtual void OnPathNameSet(CDocument& document) = 0;
-  /// The document is done with: its frames close and it ends once it has no views and none of its calls runs.
+  /// The document is done with: its frames close and it is destroyed once it has no views and none of its
+  /// calls runs.
   virtual void ReleaseDocument(CDocument& document) = 0;
   /// Another document than `document` that was opened from or saved to the file at `path`, or null.
   virtual CDocument* FindOtherDocument(const CDocument& document, const std::string& path) = 0;

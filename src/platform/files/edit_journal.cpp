@@ -25,8 +25,8 @@ namespace quorvel {
 namespace {
 
 constexpr std::string_view kExtension = ".journal";
-constexpr std::chrono::milliseconds kGatherTime(
-    500);  // edits come in bursts; with the sync it stays below a second
+// Edits come in bursts; with the sync it stays below a second.
+constexpr std::chrono::milliseconds kGatherTime(500);
 constexpr std::size_t kHeadBytes = 12;
 
 std::uint64_t Checksum(std::string_view record) {

@@ -105,7 +105,7 @@ std::size_t FileSource::ReadSome(char* to, std::size_t count) {
 
 FileSource::int_type FileSource::underflow() {
   if (gptr() < egptr()) return traits_type::to_int_type(*gptr());
-  if (buffer_ == nullptr) return traits_type::eof();
+  if (!buffer_) return traits_type::eof();
   const std::size_t got = ReadSome(buffer_.get(), kPieceBytes);
   setg(buffer_.get(), buffer_.get(), buffer_.get() + got);
   return got == 0 ? traits_type::eof() : traits_type::to_int_type(*gptr());
