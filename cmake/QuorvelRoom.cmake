@@ -77,5 +77,6 @@ function(quorvel_tests name)
   target_precompile_headers(${name}_tests PRIVATE
     ${QUORVEL_HEADERS} <filesystem> <sstream> <gmock/gmock.h> <gtest/gtest.h> ${TESTS_HEADERS})
   gtest_discover_tests(${name}_tests DISCOVERY_MODE PRE_TEST
-    TEST_PREFIX "${name}." PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8")
+    TEST_PREFIX "${name}." PROPERTIES TIMEOUT 300
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TMPDIR=${QUORVEL_TEMP_DIR}")
 endfunction()

@@ -14,6 +14,8 @@
 
 #include <gtest/gtest.h>
 
+#include "places.h"
+
 namespace {
 
 namespace fs = std::filesystem;
@@ -59,7 +61,6 @@ struct Include {
 /// The header that the line includes, if it does.
 std::optional<Include> ParseInclude(const std::string& file, std::string_view line) {
   constexpr std::string_view kWord = "#include ";
-#include "places.h"
   if (!line.starts_with(kWord) || line.size() < kWord.size() + 2) return std::nullopt;
   const std::string_view quoted = line.substr(kWord.size());
   const std::size_t end = quoted.find_first_of("\">", 1);

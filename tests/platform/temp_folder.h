@@ -11,15 +11,16 @@
 
 #include <gtest/gtest.h>
 
+#include "places.h"
+
 namespace quorvel {
 
-/// A folder of a test's own, removed with all that is in it.
+/// A folder of a test's own in the build tree, removed with all that is in it.
 class TempFolder {
  public:
   TempFolder() {
-    std::string pattern = (std::filesystem::temp_directory_path() / "quorvel-test-XXXXXX").string();
-    if (!mkdtemp(pattern.data())) ADD_FAILURE() << "no temporary folder";
-    path_ = pattern;
+    std::filesystem::create_directories(QUORVEL_TEMP_DIR);
+    if (!mkdtemp(path_.data())) ADD_FAILURE() << "no temporary folder";
   }
   ~TempFolder() {
     std::error_code ignored;
@@ -54,7 +55,7 @@ class TempFolder {
   }
 
  private:
-  std::string path_;
+  std::string path_ = QUORVEL_TEMP_DIR "/XXXXXX";
 };
 
 }  // namespace quorvel
