@@ -14,11 +14,7 @@ TEST(Diff, ExitCodeTellsEqualFromDifferentFromTrouble) {
   const std::string erring =
       folder.Write("erring.vrl", Replaced(MapText(), "[Classes/Map]", "[Classes/Chart]"));
   const std::string missing = folder / "missing.vrl";
-  const struct {
-    std::string a, b;
-    int code;
-    const char* out;
-  } rows[] = {
+  const std::tuple<std::string, std::string, int, const char*> rows[] = {
       {map, map, 0, ""},
       {map, changed, 1, "0(0:0) v: 7 -> 8\n"},
       // Cell 4 is (1, 1) in one map and (0, 1) in the other; both hold defaults.
@@ -28,12 +24,12 @@ TEST(Diff, ExitCodeTellsEqualFromDifferentFromTrouble) {
       {map, missing, 2, ""},
       {missing, map, 2, ""},
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.a + " " + row.b);
-    const ToolRun run = RunMapTool({"diff", row.a, row.b});
-    EXPECT_EQ(run.code, row.code);
-    EXPECT_EQ(run.out, row.out);
-    EXPECT_EQ(run.err.empty(), row.code != 2);
+  for (const auto& [a, b, code, out] : rows) {
+    SCOPED_TRACE(a + " " + b);
+    const ToolRun run = RunMapTool({"diff", a, b});
+    EXPECT_EQ(run.code, code);
+    EXPECT_EQ(run.out, out);
+    EXPECT_EQ(run.err.empty(), code != 2);
   }
 }
 

@@ -1,4 +1,5 @@
-#include <csignal>
+#include <iterator>
+#include <sstream>
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -12,46 +13,32 @@ namespace {
 using testing::HasSubstr;
 using testing::StartsWith;
 
+std::vector<std::string> Words(const std::string& line) {
+  std::istringstream words(line);
+  return {std::istream_iterator<std::string>(words), {}};
+}
+
 TEST(Usage, WrongArgumentsAreTroubleOnStandardError) {
-  const std::vector<std::vector<std::string>> rows = {
-      {"--unknown"},
-      {"new"},                             // no OUT
-      {"new", "--size", "10", "out.vrl"},  // no height
-      {"new", "--size", "10x", "out.vrl"},
-      {"new", "--size", "0x10", "out.vrl"},  // sides are 1 to 1000
-      {"new", "--size", "10x1001", "out.vrl"},
-      {"new", "--size", "-3x4", "out.vrl"},
-      {"new", "--size", "4294967297x1", "out.vrl"},  // would be 1 in 32 bits
-      {"new", "--size", "3x4x5", "out.vrl"},
-      {"new", "--seed", "4294967296", "out.vrl"},  // seeds have 32 bits
-      {"new", "--seed", "-1", "out.vrl"},
-      {"new", "--seed", "7a", "out.vrl"},
-      {"new", "--form", "Text", "out.vrl"},
-      {"convert", "in.vrl", "out.vrl"},  // no form
-      {"convert", "--form", "text", "in.vrl"},
-      {"rewrite", "in.gdf"},
-      {"rewrite", "in.gdf", "out.gdf", "more.gdf"},
-      {"info"},
-      {"check"},
-      {"diff", "a.vrl"},
-      {"render", "in.vrl"},
-      {"render", "--cell-size", "9", "in.vrl", "out.png"},
-      {"render", "--cell-size", "101", "in.vrl", "out.png"},
-      {"render", "--cell-size", "abc", "in.vrl", "out.png"},
-      {"render", "--cells", "1,2,3", "in.vrl", "out.png"},
-      {"render", "--cells", "1,2,3,x", "in.vrl", "out.png"},
-      {"render", "in.vrl", "out.gif"},  // neither picture nor document
-      {"dump", "in.vrl"},
-      {"dump", "trees", "in.vrl"},
-      {"dump", "tree"},
-      {"new", "--definitions", "-", "--settings", "-", "out.vrl"},
-      {"render", "--filter", "-", "-", "out.png"},
-      {"check", "-", "a.vrl", "-"},
-      {"render", "--outline", "", "in.vrl", "out.png"},
-  };
-  for (const auto& arguments : rows) {
-    SCOPED_TRACE(testing::PrintToString(arguments));
-    const ToolRun run = RunMapTool(arguments);
+  const char* const kFiles = " in.vrl out.png";
+  std::vector<std::string> rows = {
+      "--unknown", "new", "convert in.vrl out.vrl", "convert --form text in.vrl", "rewrite in.gdf",
+      "rewrite in.gdf out.gdf more.gdf", "info", "check", "diff a.vrl", "render in.vrl",
+      // neither picture nor document
+      "render in.vrl out.gif", "dump in.vrl", "dump trees in.vrl", "dump tree",
+      // standard input can be read only once
+      "new --definitions - --settings - out.vrl", "render --filter - - out.png", "check - a.vrl -"};
+  // Sides are 1 to 1000, and 4294967297 would be 1 in 32 bits.
+  for (const char* size : {"10", "10x", "0x10", "10x1001", "-3x4", "4294967297x1", "3x4x5"})
+    rows.push_back(std::string("new --size ") + size + " out.vrl");
+  for (const char* seed : {"4294967296", "-1", "7a"})
+    rows.push_back(std::string("new --seed ") + seed + " out.vrl");
+  for (const char* size : {"9", "101", "abc"})
+    rows.push_back(std::string("render --cell-size ") + size + kFiles);
+  for (const char* cells : {"1,2,3", "1,2,3,x"})
+    rows.push_back(std::string("render --cells ") + cells + kFiles);
+  for (const std::string& line : rows) {
+    SCOPED_TRACE(line);
+    const ToolRun run = RunMapTool(Words(line));
     EXPECT_EQ(run.code, 2);
     EXPECT_EQ(run.out, "");
     EXPECT_THAT(run.err, StartsWith("quorvel-map: "));
@@ -65,7 +52,7 @@ TEST(Usage, WrongArgumentsAreNamed) {
   } rows[] = {
       {{}, "a command is missing; the commands are new, convert, rewrite, info, check, diff, render, dump\n"},
       {{"draw", "a.vrl"}, "there is no command draw; the commands are new, convert"},
-      {{"new", "--form", "xml", "out.vrl"}, "xml is no file form; there are text and binary\n"},
+      {{"new", "--form", "Text", "out.vrl"}, "Text is no file form; there are text and binary\n"},
       {{"dr\x1b[2J\n", "a.vrl"}, "quorvel-map: there is no command dr%1B[2J%0A; the commands are new"},
       {{"info", "a.vrl", "b\x9b\n"}, "b%9B%0A\n"},
       {{"info", "mis\nsing\xc2\x9b"}, "quorvel-map: mis%0Asing%C2%9B: "},
@@ -143,23 +130,18 @@ TEST(Usage, FilesThatCannotBeReadAreTrouble) {
   const TempFolder folder;
   const std::string missing = folder / "missing.vrl";
   const std::string out = folder / "out.png";
-  const std::vector<std::vector<std::string>> rows = {
-      {"new", "--definitions", missing, out},
-      {"new", "--settings", missing, out},
-      {"convert", "--form", "text", missing, out},
-      {"rewrite", missing, out},
-      {"info", missing},
-      {"check", missing},
-      {"diff", missing, missing},
-      {"render", missing, out},
-      {"dump", "tree", missing},
-      {"dump", "defs", missing},
-      {"dump", "map", missing},
-      {"dump", "fill", missing},
-      {"dump", "fill-log", missing},
-      {"info", folder.Path()},
-      {"rewrite", folder.Path(), out},
-  };
+  std::vector<std::vector<std::string>> rows = {{"info", missing},
+                                                {"check", missing},
+                                                {"diff", missing, missing},
+                                                {"info", folder.Path()},
+                                                {"rewrite", folder.Path(), out}};
+  for (const char* command :
+       {"new --definitions", "new --settings", "convert --form text", "rewrite", "render"}) {
+    rows.push_back(Words(command));
+    rows.back().insert(rows.back().end(), {missing, out});
+  }
+  for (const char* what : {"tree", "defs", "map", "fill", "fill-log"})
+    rows.push_back({"dump", what, missing});
   for (const auto& arguments : rows) {
     SCOPED_TRACE(testing::PrintToString(arguments));
     const ToolRun run = RunMapTool(arguments);

@@ -44,11 +44,8 @@ void ExpectSoundChildren(const DataBranch& branch) {
 }
 
 TEST(DataTree, SetLeafMakesWhatIsMissingAndOverwritesWhatIsThere) {
-  struct Row {
-    const char* paths;  // set one after the other to 1, 2, ...
-    const char* outline;
-  };
-  constexpr Row rows[] = {
+  // Paths that are set one after the other to 1, 2, ..., and what then stands there.
+  constexpr std::pair<const char*, const char*> rows[] = {
       {"A/B/x A/B/x", "0 []\n1 [A]\n2 [B]\n3 x:0=2\n"},
       {"A\\B/x A/B\\x", "0 []\n1 [A]\n2 [B]\n3 x:0=2\n"},
       {"A/B/x A/B/x/", "0 []\n1 [A]\n2 [B]\n3 x:0=2\n"},  // a trailing separator counts for nothing
@@ -59,13 +56,12 @@ TEST(DataTree, SetLeafMakesWhatIsMissingAndOverwritesWhatIsThere) {
       {"B/x a b", "0 []\n1 a:0=2\n1 b:0=3\n1 [B]\n2 x:0=1\n"},  // leaves go ahead of branches
       {"x x/y", "0 []\n1 x:0=1\n1 [x]\n2 y:0=2\n"},             // a leaf and a branch may share a name
   };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.paths);
+  for (const auto& [words, outline] : rows) {
     DataBranch root("");
-    std::istringstream paths(row.paths);
+    std::istringstream paths(words);
     int value = 0;
     for (std::string path; paths >> path;) root.SetLeaf(path, std::to_string(++value), kInt);
-    EXPECT_EQ(Outline(root), row.outline);
+    EXPECT_EQ(Outline(root), outline) << words;
   }
   DataBranch root("");
   EXPECT_FALSE(root.SetLeaf("", "1", kInt));
@@ -132,10 +128,8 @@ TEST(DataTree, CopiesMergeIntoWhatIsThere) {
   DataBranch named("new");
   source->GetBranch("A")->CopyFrom(named);
   EXPECT_EQ(Outline(*source), "0 []\n1 new:0=1\n1 [A]\n");
-}
 
-TEST(DataTree, CopiesWithinOneTreeEnd) {
-  const auto root = TreeOf("[A/B]\rx=1\r");
+  const auto root = TreeOf("[A/B]\rx=1\r");  // copies within one tree end
   root->FindBranch("A")->AddCopy(root->FindBranch("A"));
   EXPECT_EQ(Outline(*root), "0 []\n1 [A]\n2 [B]\n3 x:0=1\n2 [A]\n3 [B]\n4 x:0=1\n");
   root->CopyFrom(*root->FindBranch("A/B"));

@@ -45,23 +45,19 @@ struct AllKinds {
 
 TEST(MemberDef, TextsAreStoredByKind) {
   const AllKinds all;
-  struct Row {
-    const MemberDef* member;
-    const char *text, *stored;
-  };
-  const Row rows[] = {{all.s, "a text", "a text"},
-                      {all.s, "", ""},
-                      {all.i, " 42x", "42"},
-                      {all.i, "99999999999", "2147483647"},
-                      {all.f, "1e3", "1000.000000"},
-                      {all.f, "1e999", "inf"},
-                      {all.f, "-nan", "-nan"},
-                      {all.x, "2", "blue"},
-                      {all.x, "3", "<error>"},
-                      {all.x, "-1", "<error>"},
-                      {all.x, "2147483647", "<error>"},
-                      {all.o, "7", "<error>"}};
-  for (const Row& row : rows) EXPECT_EQ(all.ValueAfter(row.member, row.text), row.stored) << row.text;
+  const std::tuple<MemberDef*, const char*, const char*> rows[] = {{all.s, "a text", "a text"},
+                                                                   {all.s, "", ""},
+                                                                   {all.i, " 42x", "42"},
+                                                                   {all.i, "99999999999", "2147483647"},
+                                                                   {all.f, "1e3", "1000.000000"},
+                                                                   {all.f, "1e999", "inf"},
+                                                                   {all.f, "-nan", "-nan"},
+                                                                   {all.x, "2", "blue"},
+                                                                   {all.x, "3", "<error>"},
+                                                                   {all.x, "-1", "<error>"},
+                                                                   {all.x, "2147483647", "<error>"},
+                                                                   {all.o, "7", "<error>"}};
+  for (const auto& [member, text, stored] : rows) EXPECT_EQ(all.ValueAfter(member, text), stored) << text;
   std::string text = "kept";
   for (const MemberDef* member : {all.s, all.i, all.f}) member->FormatValue(text, nullptr);
   EXPECT_EQ(text, "kept");
@@ -117,14 +113,10 @@ TEST(MemberDef, DefaultsChangeByKindAndShowInNewInstances) {
 
 TEST(MemberDef, MappedValuesWrapAround) {
   const AllKinds all;
-  struct Row {
-    const char* position;
-    std::uint32_t value;
-  };
-  constexpr Row rows[] = {{"0", 10}, {"2", 30}, {"4", 20}, {"-1", 10}, {"2147483647", 20}};  // -1 is 2^32 - 1
-  for (const Row& row : rows) {
-    all.ValueAfter(all.x, row.position);
-    EXPECT_EQ(all.x->GetMappedValue(all.instance), row.value) << row.position;
+  for (const auto& [position, value] :  // -1 is 2^32 - 1
+       {std::pair{"0", 10U}, {"2", 30U}, {"4", 20U}, {"-1", 10U}, {"2147483647", 20U}}) {
+    all.ValueAfter(all.x, position);
+    EXPECT_EQ(all.x->GetMappedValue(all.instance), value) << position;
   }
   EXPECT_EQ(all.i->GetMappedValue(all.instance), 0U);
   EXPECT_EQ(all.x->GetMappedValue(ClassInstance::None), 0U);

@@ -43,40 +43,32 @@ TEST(TextArena, ATextMayBeMadeOfAnotherOfTheSameArena) {
 }
 
 TEST(TextArena, BlocksOfFilesAreAdoptedWhole) {
-  struct Row {
-    const char* what;
-    std::string block;
-    std::uint32_t offset;
-    std::string text;
-  };
-  const std::string longText(3 * 4096 + 5, 'x');
-  const Row rows[] = {{"the first text", std::string("abc\0de\0", 7), 0, "abc"},
-                      {"the second", std::string("abc\0de\0", 7), 4, "de"},
-                      {"the middle of a text", std::string("abc\0de\0", 7), 1, "bc"},
-                      {"an end", std::string("abc\0de\0", 7), 3, ""},
-                      {"the last may end with the file", std::string("abc\0de", 6), 4, "de"},
-                      {"the block's own end", std::string("abc", 3), 3, ""},
-                      {"no block", "", 0, ""},
-                      {"across pages", longText, 4096, longText.substr(4096)},
-                      {"text by text across pages", longText + std::string("\0end", 4), 3 * 4096 + 6, "end"}};
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.what);
+  const std::string two("abc\0de\0", 7), longText(3 * 4096 + 5, 'x');
+  const std::tuple<std::string, std::uint32_t, std::string> rows[] = {
+      {two, 0, "abc"},
+      {two, 4, "de"},
+      {two, 1, "bc"},  // the middle of a text
+      {two, 3, ""},
+      {two.substr(0, 6), 4, "de"},  // the last may end with the file
+      {"abc", 3, ""},
+      {"", 0, ""},
+      {longText, 4096, longText.substr(4096)},  // across pages
+      {longText + std::string("\0end", 4), 3 * 4096 + 6, "end"}};
+  for (const auto& [block, offset, text] : rows) {
+    SCOPED_TRACE(offset);
     TextArena arena;
     arena.Add("before");
-    EXPECT_EQ(arena.Text(TextArena::At(arena.Adopt(row.block), row.offset)), row.text);
-    std::stringbuf input(row.block + "beyond");
-    const auto bytes = static_cast<std::uint32_t>(row.block.size());
-    EXPECT_EQ(arena.Text(TextArena::At(arena.Adopt(input, bytes), row.offset)), row.text);
+    EXPECT_EQ(arena.Text(TextArena::At(arena.Adopt(block), offset)), text);
+    std::stringbuf input(block + "beyond");
+    const auto bytes = static_cast<std::uint32_t>(block.size());
+    EXPECT_EQ(arena.Text(TextArena::At(arena.Adopt(input, bytes), offset)), text);
     EXPECT_EQ(arena.Text(arena.Add("after")), "after");
     EXPECT_EQ(arena.Text(static_cast<TextHandle>(1)), "before");
   }
-}
 
-TEST(TextArena, ABlockMayBeAnnouncedLargerThanItIs) {
   TextArena arena;
   std::stringbuf input("abc");
-  const TextHandle base = arena.Adopt(input, 0xfffffff0);
-  EXPECT_EQ(arena.Text(base), "abc");
+  EXPECT_EQ(arena.Text(arena.Adopt(input, 0xfffffff0)), "abc") << "announced larger than it is";
   EXPECT_LT(arena.Size(), 10U) << "no memory for what did not come";
 }
 
