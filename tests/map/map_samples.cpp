@@ -95,12 +95,17 @@ MapContents ContentsOf(const std::string& definitions) {
   return contents;
 }
 
+MapContents EmptySampleMap(int width, int height) {
+  MapContents contents = ContentsOf(SampleClasses());
+  MakeGrid(contents, width, height);
+  return contents;
+}
+
 MapContents SampleMap(int width, int height, std::uint32_t seed) {
   constexpr std::string_view kNames[] = {"", "Vega", "a\"b", " x ", "\xe9t\xe9", "Deneb Algedi", "[z]", "'"};
   constexpr std::string_view kFloats[] = {"0",   "-0.0", "1e-20",      "3.4028235e38", "-1e999",
                                           "nan", "0.5",  "123456.789", "-2.0000005",   "99.9999995"};
-  MapContents contents = ContentsOf(SampleClasses());
-  MakeGrid(contents, width, height);
+  MapContents contents = EmptySampleMap(width, height);
   std::uint64_t state = seed * 2654435761U + 1;
   const auto draw = [&state](std::size_t choices) {
     state = state * 6364136223846793005U + 1442695040888963407U;
@@ -164,6 +169,14 @@ void SetValue(MapContents& contents, std::int32_t index, std::string_view member
   if (!record) record = CreateCell(contents, contents.m_pGrid->CoordOf(index));
   const MemberDef* found = contents.m_pCellClass->FindMember(member);
   found->StoreText(found->GetValuePtr(record->data), text);
+}
+
+std::string ValueText(const MapContents& map, std::int32_t index, const char* member) {
+  const auto record = map.m_pGrid->Find(index);
+  if (!record) return "-";
+  std::string text;
+  Member(map, member)->FormatValue(text, Member(map, member)->GetValuePtr(record->data));
+  return text;
 }
 
 }  // namespace quorvel

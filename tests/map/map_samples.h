@@ -20,6 +20,9 @@ std::string SampleClasses();
 /// The contents that this definitions text makes; fails the test when there is an error text.
 MapContents ContentsOf(const std::string& definitions);
 
+/// An empty map of the sample classes.
+MapContents EmptySampleMap(int width, int height);
+
 /// A map of the sample classes: every third cell or so with values of all sorts.
 MapContents SampleMap(int width, int height, std::uint32_t seed);
 
@@ -42,6 +45,13 @@ std::string Describe(const MapContents& contents);
 /// Sets one member of one cell from a text, making the cell.
 void SetValue(MapContents& contents, std::int32_t index, std::string_view member, std::string_view text);
 
+inline const MemberDef* Member(const MapContents& contents, const char* name) {
+  return contents.m_pCellClass->FindMember(name);
+}
+
+/// The value of a cell as its member formats it; "-" where the cell has no record.
+std::string ValueText(const MapContents& map, std::int32_t index, const char* member);
+
 /// Feedback that writes down every event: "show", "hide", "progress N", "text MESSAGE", "wait", "end wait".
 class FeedbackLog : public NullFeedback {
  public:
@@ -54,9 +64,10 @@ class FeedbackLog : public NullFeedback {
 
   const std::vector<std::string>& Events() const { return events_; }
 
- private:
+ protected:
   void Add(std::string event) { events_.push_back(std::move(event)); }
 
+ private:
   std::vector<std::string> events_;
 };
 

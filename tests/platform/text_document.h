@@ -4,6 +4,7 @@
 #include <memory>
 #include <sstream>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/documents/document.h"
@@ -45,18 +46,31 @@ class TextDocument : public CDocument {
   Prompts& prompts_;
 };
 
-/// A view that remembers what it was told.
+/// A view that remembers what it was told, hints as "all", "tool", "cell C:R" or "current C:R from C:R".
 class LoggingView : public CView {
  public:
-  std::vector<UpdateHint> hints;
+  std::vector<std::string> hints;
   std::vector<CView*> senders;
   int titleChanges = 0;
 
   void OnUpdate(CView* sender, const UpdateHint& hint) override {
     senders.push_back(sender);
-    hints.push_back(hint);
+    const std::string cell = Place(hint.cell);
+    if (hint.code == UpdateHint::All) hints.emplace_back("all");
+    if (hint.code == UpdateHint::Tool) hints.emplace_back("tool");
+    if (hint.code == UpdateHint::Cell) hints.push_back("cell " + cell);
+    if (hint.code == UpdateHint::CurrentCell)
+      hints.push_back("current " + cell + " from " + Place(hint.previous));
   }
   void OnTitleChanged() override { ++titleChanges; }
+
+  /// The hints since the last call.
+  std::vector<std::string> TakeHints() { return std::exchange(hints, {}); }
+
+ private:
+  static std::string Place(CellCoord cell) {
+    return std::to_string(cell.column) + ":" + std::to_string(cell.row);
+  }
 };
 
 }  // namespace quorvel

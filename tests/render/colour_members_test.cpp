@@ -25,7 +25,7 @@ TEST(SelectIndexMember, FindsStepsAndFallsBack) {
   struct Row {
     const char* text;
     std::initializer_list<const char*> members;
-    const char* name;
+    std::string name;
     int step;
     const char* selected;  // empty: none
   };
@@ -58,14 +58,12 @@ TEST(SelectIndexMember, FindsStepsAndFallsBack) {
 
 TEST(MappedColour, ReadsRedInTheHighByte) {
   MapContents map = MakeGalaxy(1, 1);
-  const MemberDef* terrain = map.m_pCellClass->FindMember("Terrain");
-  const auto record = CreateCell(map, {0, 0});
-  ASSERT_TRUE(record);
-  SetText(map, {0, 0}, "Terrain", "1");  // 0xff0000
-  EXPECT_EQ(MappedColour(terrain, *record), qRgb(255, 0, 0));
-  SetText(map, {0, 0}, "Terrain", "8");  // six values: begins again, 0x0000ff
-  EXPECT_EQ(MappedColour(terrain, *record), qRgb(0, 0, 255));
-  EXPECT_EQ(MappedColour(nullptr, *record), qRgb(0, 0, 0));
+  const auto colour = [&map](const MemberDef* member) { return MappedColour(member, *map.m_pGrid->Find(0)); };
+  SetValue(map, 0, "Terrain", "1");  // 0xff0000
+  EXPECT_EQ(colour(Member(map, "Terrain")), qRgb(255, 0, 0));
+  SetValue(map, 0, "Terrain", "8");  // six values: begins again, 0x0000ff
+  EXPECT_EQ(colour(Member(map, "Terrain")), qRgb(0, 0, 255));
+  EXPECT_EQ(colour(nullptr), qRgb(0, 0, 0));
 }
 
 }  // namespace

@@ -6,12 +6,7 @@ namespace quorvel {
 namespace {
 
 TEST(DisplayText, ShowsUtf8OrElseWindows1252) {
-  struct Row {
-    const char* text;
-    std::string_view bytes;
-    const char16_t* shown;
-  };
-  constexpr Row rows[] = {
+  constexpr std::tuple<const char*, std::string_view, const char16_t*> rows[] = {
       {"plain", "Vega 3", u"Vega 3"},
       {"UTF-8", "Caf\xc3\xa9 \xe2\x82\xac", u"Caf\u00e9 \u20ac"},
       {"Latin letter of Windows-1252", "Caf\xe9", u"Caf\u00e9"},
@@ -27,7 +22,8 @@ TEST(DisplayText, ShowsUtf8OrElseWindows1252) {
       {"a NUL does not end it", std::string_view("a\0b", 3), u"a b"},
       {"the mark of byte order is a character", "\xef\xbb\xbfx", u"\ufeffx"},
   };
-  for (const Row& row : rows) EXPECT_EQ(DisplayText(row.bytes), QString::fromUtf16(row.shown)) << row.text;
+  for (const auto& [what, bytes, shown] : rows)
+    EXPECT_EQ(DisplayText(bytes), QString::fromUtf16(shown)) << what;
 }
 
 }  // namespace

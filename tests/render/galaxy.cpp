@@ -1,13 +1,6 @@
 #include "tests/render/galaxy.h"
 
-#include <memory>
 #include <string>
-
-#include "data/index_member.h"
-#include "data/list_def.h"
-#include "data/number_members.h"
-#include "data/object_member.h"
-#include "data/string_member.h"
 
 namespace quorvel {
 namespace {
@@ -28,31 +21,20 @@ class Dice {
   std::uint32_t state_ = 7;
 };
 
-ListDef* AddList(MapContents& map, std::string_view name, std::initializer_list<std::uint32_t> colours) {
-  auto list = std::make_unique<ListDef>(name);
-  for (const std::uint32_t colour : colours) {
-    list->AddItemName("item " + std::to_string(colour % 97));
-    list->AddItemValue(colour);
-  }
-  return map.m_pTypes->Add(std::move(list));
-}
+constexpr char kClasses[] =
+    "[Classes/Terrains] type='items' 0='plain' 1='item' 2='ice' 3='sea' 4='rock' 5='forest' "
+    "[Classes/Terrains/UI/Color] 0=0x1f77b4 1=0xff0000 2=0x0000ff 3=0xf0f0f0 4=0x000000 5=0x80ff80 "
+    "[Classes/Owners] type='items' 0='one' 1='two' 2='three' 3='four' [Classes/Owners/UI/Color] 0=0xffff00 "
+    "1=0x202020 2=0x00c8c8 3=0xffffff [Classes/Base] type='class' [Classes/Base/Guns] type='int' "
+    "[Classes/Map] type='class' [Classes/Cell] type='class' [Classes/Cell/name] type='string' "
+    "[Classes/Cell/Terrain] type='index' range='Terrains' [Classes/Cell/Weight] type='float' "
+    "[Classes/Cell/Planets] type='int' [Classes/Cell/Base] type='object' range='Base' [Classes/Cell/Owner] "
+    "type='index' range='Owners'";
 
 }  // namespace
 
 MapContents MakeGalaxy(int width, int height) {
-  MapContents map;
-  ListDef* terrain = AddList(map, "Terrains", {0x1f77b4, 0xff0000, 0x0000ff, 0xf0f0f0, 0x000000, 0x80ff80});
-  ListDef* owner = AddList(map, "Owners", {0xffff00, 0x202020, 0x00c8c8, 0xffffff});
-  ClassDef* base = map.m_pTypes->Add(std::make_unique<ClassDef>("Base"));
-  base->AddMember(std::make_unique<IntMember>("Guns"));
-  ClassDef* cell = map.m_pTypes->Add(std::make_unique<ClassDef>("Cell"));
-  cell->AddMember(std::make_unique<StringMember>("name"));
-  cell->AddMember(std::make_unique<IndexMember>("Terrain", terrain));
-  cell->AddMember(std::make_unique<FloatMember>("Weight"));
-  cell->AddMember(std::make_unique<IntMember>("Planets"));
-  cell->AddMember(std::make_unique<ObjectMember>("Base", base));
-  cell->AddMember(std::make_unique<IndexMember>("Owner", owner));
-  map.m_pCellClass = cell;
+  MapContents map = ContentsOf(Lines(kClasses));
   MakeGrid(map, width, height);
 
   Dice dice;
@@ -61,11 +43,11 @@ MapContents MakeGalaxy(int width, int height) {
     map.m_pCellMarks[static_cast<std::size_t>(index)] = dice.Throw(4) == 0 ? 1 : 0;
     if (dice.Throw(6) == 0) continue;
     CreateCell(map, at);
-    SetText(map, at, "name", kNames[dice.Throw(static_cast<int>(std::size(kNames)))]);
-    SetText(map, at, "Terrain", std::to_string(dice.Throw(8)));  // some without a name
-    SetText(map, at, "Weight", std::to_string(dice.Throw(10000)) + ".25");
-    SetText(map, at, "Planets", std::to_string(dice.Throw(9)));
-    SetText(map, at, "Owner", std::to_string(dice.Throw(4)));
+    SetValue(map, index, "name", kNames[dice.Throw(static_cast<int>(std::size(kNames)))]);
+    SetValue(map, index, "Terrain", std::to_string(dice.Throw(8)));  // some without a name
+    SetValue(map, index, "Weight", std::to_string(dice.Throw(10000)) + ".25");
+    SetValue(map, index, "Planets", std::to_string(dice.Throw(9)));
+    SetValue(map, index, "Owner", std::to_string(dice.Throw(4)));
   }
   return map;
 }
@@ -73,15 +55,9 @@ MapContents MakeGalaxy(int width, int height) {
 MapLook LookAt(const MapContents& map, float cellSizePx) {
   MapLook look;
   look.cellSizePx = cellSizePx;
-  look.outlineMember = map.m_pCellClass->FindMember("Owner");
-  look.fillMember = map.m_pCellClass->FindMember("Terrain");
+  look.outlineMember = Member(map, "Owner");
+  look.fillMember = Member(map, "Terrain");
   return look;
-}
-
-void SetText(MapContents& map, CellCoord cell, std::string_view member, std::string_view text) {
-  const MemberDef* found = map.m_pCellClass->FindMember(member);
-  const auto record = map.m_pGrid->Find(map.m_pGrid->IndexOf(cell));
-  found->StoreText(found->GetValuePtr(record->data), text);
 }
 
 }  // namespace quorvel

@@ -1,9 +1,7 @@
 #pragma once
 
-#include <string_view>
-
-#include "map/types/map_contents.h"
 #include "render/map_look.h"
+#include "tests/map/map_samples.h"
 
 namespace quorvel {
 
@@ -14,7 +12,5 @@ MapContents MakeGalaxy(int width, int height);
 
 /// Terrain fills, Owner outlines.
 MapLook LookAt(const MapContents& map, float cellSizePx);
-
-void SetText(MapContents& map, CellCoord cell, std::string_view member, std::string_view text);
 
 }  // namespace quorvel

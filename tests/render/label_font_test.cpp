@@ -8,19 +8,15 @@ namespace quorvel {
 namespace {
 
 TEST(LabelFont, IsTheLargestThatFitsALine) {
-  struct Row {
-    double ratio;
-    int lineHeight;
-  };
-  for (const Row& row : {Row{1, 12}, Row{1.25, 15}, Row{1.5, 18}, Row{2, 24}}) {
-    SCOPED_TRACE(row.ratio);
-    const LabelFont label = LabelFont::At(row.ratio);
-    EXPECT_EQ(label.lineHeight, row.lineHeight);
+  for (const auto& [ratio, lineHeight] : {std::pair{1.0, 12}, {1.25, 15}, {1.5, 18}, {2.0, 24}}) {
+    SCOPED_TRACE(ratio);
+    const LabelFont label = LabelFont::At(ratio);
+    EXPECT_EQ(label.lineHeight, lineHeight);
     const QFontMetrics metrics(label.font);
-    EXPECT_LE(metrics.ascent() + metrics.descent(), row.lineHeight);
+    EXPECT_LE(metrics.ascent() + metrics.descent(), lineHeight);
     QFont larger = label.font;
     larger.setPixelSize(label.font.pixelSize() + 1);
-    EXPECT_GT(QFontMetrics(larger).ascent() + QFontMetrics(larger).descent(), row.lineHeight);
+    EXPECT_GT(QFontMetrics(larger).ascent() + QFontMetrics(larger).descent(), lineHeight);
   }
 }
 

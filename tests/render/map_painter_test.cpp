@@ -102,11 +102,7 @@ TEST(MapPainter, PaintsWhatThePlainPainterDraws) {
 TEST(MapPainter, ShowsEveryKindOfLookAsThePlainPainterDoes) {
   const MapContents map = MakeGalaxy(9, 8);
   const MapLook usual = LookAt(map, 40);
-  struct Row {
-    const char* text;
-    void (*change)(MapLook&);
-  };
-  constexpr Row rows[] = {
+  constexpr std::pair<const char*, void (*)(MapLook&)> rows[] = {
       {"no colours", [](MapLook& look) { look.fillMember = look.outlineMember = nullptr; }},
       {"no labels", [](MapLook& look) { look.labels = Labels::Hidden; }},
       {"filtered",
@@ -118,11 +114,10 @@ TEST(MapPainter, ShowsEveryKindOfLookAsThePlainPainterDoes) {
       {"an odd cell size", [](MapLook& look) { look.cellSizePx = 37.5F; }},
       {"a broken ratio", [](MapLook& look) { look.pixelRatio = 1.7; }},
   };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.text);
+  for (const auto& [what, change] : rows) {
     MapLook look = usual;
-    row.change(look);
-    EXPECT_EQ(Difference(PaintWhole(map, look), PaintPlainly(map, look)), "");
+    change(look);
+    EXPECT_EQ(Difference(PaintWhole(map, look), PaintPlainly(map, look)), "") << what;
   }
 }
 
@@ -174,7 +169,7 @@ TEST(MapPainter, RepaintsChangedCellsInAnyOrder) {
         const auto index = static_cast<std::int32_t>(random() % 36);
         const CellCoord cell = map.m_pGrid->CoordOf(index);
         map.m_pCellMarks[static_cast<std::size_t>(index)] ^= 1;
-        if (i % 2 == 0 && CreateCell(map, cell)) SetText(map, cell, "Terrain", std::to_string(i % 6));
+        if (i % 2 == 0 && CreateCell(map, cell)) SetValue(map, index, "Terrain", std::to_string(i % 6));
         changed.push_back(cell);
       }
       std::shuffle(changed.begin(), changed.end(), random);
@@ -201,13 +196,11 @@ TEST(MapPainter, LeavesPixelsOutsideTheAreaAlone) {
   }
 }
 
-TEST(MapPainter, PaintsMapsWithoutGridOrCellClass) {
-  MapContents map;
+TEST(MapPainter, PaintsNothingWithoutAGrid) {
   QImage frame(20, 20, QImage::Format_RGB32);
   frame.fill(Qt::magenta);
-  MapPainter painter;
-  painter.Paint(map, {}, frame, 0, 0, frame.rect());
-  EXPECT_EQ(frame.pixelColor(10, 10), Qt::magenta) << "no grid: nothing is painted";
+  MapPainter().Paint(MapContents(), {}, frame, 0, 0, frame.rect());
+  EXPECT_EQ(frame.pixelColor(10, 10), Qt::magenta);
 }
 
 /// Places on a map at the limits are far beyond what the drawing library counts.
@@ -215,8 +208,7 @@ TEST(MapPainter, PaintsTheFarEndOfTheLongestMap) {
   MapContents map = MakeGalaxy(1, 1);
   MakeGrid(map, 20'000'000, 1);
   const CellCoord last{19'999'999, 0};
-  ASSERT_TRUE(CreateCell(map, last));
-  SetText(map, last, "Terrain", "1");
+  SetValue(map, last.column, "Terrain", "1");
   MapLook look = LookAt(map, 100);
   look.pixelRatio = 2;
   const MapRect ink = CellInk(look, last);
@@ -227,11 +219,9 @@ TEST(MapPainter, PaintsTheFarEndOfTheLongestMap) {
 
 TEST(MapPainter, ShowsNewTextsAfterForgettingOldOnes) {
   MapContents first = MakeGalaxy(1, 1);
-  CreateCell(first, {0, 0});
-  SetText(first, {0, 0}, "name", "one");
+  SetValue(first, 0, "name", "one");
   MapContents second = MakeGalaxy(1, 1);
-  CreateCell(second, {0, 0});
-  SetText(second, {0, 0}, "name", "two");
+  SetValue(second, 0, "name", "two");
   const MapLook look = LookAt(second, 100);
   QImage frame = EmptyFrame(*second.m_pGrid, look);
   MapPainter painter;

@@ -1,16 +1,15 @@
 #include "render/picture.h"
 
+#include <algorithm>
 #include <sstream>
 
-#include <QFile>
 #include <QImage>
 #include <QProcess>
 #include <QStandardPaths>
-#include <QTemporaryDir>
 #include <gtest/gtest.h>
 
-#include "platform/documents/feedback.h"
 #include "render/map_painter.h"
+#include "tests/platform/temp_folder.h"
 #include "tests/render/galaxy.h"
 
 namespace quorvel {
@@ -84,41 +83,31 @@ TEST(RenderPicture, SaysWhyItCannot) {
   MakeGrid(long_, 200'000, 1);
   PictureRequest outside = RequestOf(40);
   outside.cells = CellRange{{0, 0}, {3, 0}};
-  struct Row {
-    const MapContents* map;
-    PictureRequest request;
-    const char* pngError;
-    const char* pdfError;
-  };
-  const Row rows[] = {
+  const std::string offMap = "The cells 0:0 to 3:0 are not all on the map of 3 columns and 3 rows.\n";
+  const std::string tooLong = "The picture would be 17200028 by 150 pixels; the limit is ";
+  const std::tuple<const MapContents*, PictureRequest, std::string, std::string> rows[] = {
       {&none, RequestOf(40), "There is no map to draw.\n", "There is no map to draw.\n"},
-      {&map, outside, "The cells 0:0 to 3:0 are not all on the map of 3 columns and 3 rows.\n",
-       "The cells 0:0 to 3:0 are not all on the map of 3 columns and 3 rows.\n"},
-      {&long_, RequestOf(100), "The picture would be 17200028 by 150 pixels; the limit is 10000000 a side.\n",
-       "The picture would be 17200028 by 150 pixels; the limit is 240000 a side.\n"},
-  };
-  for (const Row& row : rows) {
+      {&map, outside, offMap, offMap},
+      {&long_, RequestOf(100), tooLong + "10000000 a side.\n", tooLong + "240000 a side.\n"}};
+  for (const auto& [drawn, request, png, pdf] : rows) {
     std::stringbuf out;
     NullFeedback feedback;
     std::string pngError, pdfError;
-    EXPECT_FALSE(RenderPng(*row.map, row.request, out, feedback, pngError));
-    EXPECT_FALSE(RenderPdf(*row.map, row.request, out, feedback, pdfError));
-    EXPECT_EQ(pngError, row.pngError);
-    EXPECT_EQ(pdfError, row.pdfError);
+    EXPECT_FALSE(RenderPng(*drawn, request, out, feedback, pngError));
+    EXPECT_FALSE(RenderPdf(*drawn, request, out, feedback, pdfError));
+    EXPECT_EQ(pngError, png);
+    EXPECT_EQ(pdfError, pdf);
     EXPECT_EQ(out.str(), "") << "nothing was written";
   }
 }
 
 /// The page as an independent program draws it, one pixel a picture pixel.
 QImage DrawnPage(const std::string& pdf) {
-  const QTemporaryDir folder;
-  QFile file(folder.filePath("map.pdf"));
-  EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-  file.write(pdf.data(), static_cast<qint64>(pdf.size()));
-  file.close();
-  QProcess::execute("pdftoppm", {"-r", "1200", "-singlefile", "-aa", "no", "-aaVector", "no", file.fileName(),
-                                 folder.filePath("page")});
-  return QImage(folder.filePath("page.ppm")).convertToFormat(QImage::Format_RGB32);
+  const TempFolder folder;
+  const QString file = QString::fromStdString(folder.Write("map.pdf", pdf));
+  const QString page = QString::fromStdString(folder / "page");
+  QProcess::execute("pdftoppm", {"-r", "1200", "-singlefile", "-aa", "no", "-aaVector", "no", file, page});
+  return QImage(page + ".ppm").convertToFormat(QImage::Format_RGB32);
 }
 
 TEST(RenderPdf, ShowsCellsAndInvertedCellsOnOnePage) {
@@ -149,24 +138,16 @@ TEST(RenderPdf, DrawsLargeMapsAsPixels) {
   EXPECT_EQ(pdf.count("/FontDescriptor"), 0);
 }
 
-/// Gathers the progress.
-class Log : public NullFeedback {
- public:
-  void ShowProgress(bool show) override { shown += show ? "+" : "-"; }
-  void SetProgressPos(int percent) override { last = percent; }
-  std::string shown;
-  int last = -1;
-};
-
 TEST(RenderPicture, ShowsProgressToItsEnd) {
   const MapContents map = MakeGalaxy(5, 5);
   for (const auto render : {&RenderPng, &RenderPdf}) {
     std::stringbuf out;
-    Log log;
+    FeedbackLog log;
     std::string errorText;
     EXPECT_TRUE(render(map, RequestOf(20), out, log, errorText));
-    EXPECT_EQ(log.shown, "+-");
-    EXPECT_EQ(log.last, 100);
+    EXPECT_EQ(std::ranges::count(log.Events(), "show"), 1);
+    EXPECT_EQ(std::ranges::count(log.Events(), "hide"), 1);
+    EXPECT_EQ(std::ranges::count(log.Events(), "progress 100"), 1);
   }
 }
 

@@ -8,49 +8,19 @@
 #include <fmt/format.h>
 
 #include "map/grid/cell_metrics.h"
+#include "tests/map/map_samples.h"
 
 namespace quorvel {
 namespace {
 
-constexpr char kDefinitions[] = R"([Version/Data]
-type="text"
-[Classes/Map]
-type="class"
-[Classes/Map/Width]
-type="int"
-range="1<10<1000"
-[Classes/Map/Height]
-type="int"
-range="1<10<1000"
-[Classes/Empire]
-type="items"
-0="Free"
-1="Aurelia"
-[Classes/Empire/UI/Color]
-0=0xDDDDDD
-1=0x77AADD
-[Classes/Star]
-type="items"
-0="Void"
-1="Red"
-[Classes/Star/UI/Color]
-0=0x8C8C8C
-1=0xE0705A
-[Classes/Cell]
-type="class"
-[Classes/Cell/n]
-type="string"
-range="Sol"
-[Classes/Cell/v]
-type="int"
-range="0<0<999999"
-[Classes/Cell/owner]
-type="index"
-range="Empire"
-[Classes/Cell/star]
-type="index"
-range="Star"
-)";
+constexpr char kDefinitions[] =
+    "[Version/Data] type='text' [Classes/Map] type='class' [Classes/Map/Width] type='int' range='1<10<1000' "
+    "[Classes/Map/Height] type='int' range='1<10<1000' [Classes/Empire] type='items' 0='Free' 1='Aurelia' "
+    "[Classes/Empire/UI/Color] 0=0xDDDDDD 1=0x77AADD [Classes/Star] type='items' 0='Void' 1='Red' "
+    "[Classes/Star/UI/Color] 0=0x8C8C8C 1=0xE0705A [Classes/Cell] type='class' [Classes/Cell/n] "
+    "type='string' "
+    "range='Sol' [Classes/Cell/v] type='int' range='0<0<999999' [Classes/Cell/owner] type='index' "
+    "range='Empire' [Classes/Cell/star] type='index' range='Star' [Objects/Galaxy] Width={} Height={}";
 
 }  // namespace
 
@@ -62,13 +32,12 @@ void NameFile(QDialog& dialog, const std::string& path) {
 }
 
 std::string Editor::MapText(int width, int height) {
-  std::string text = kDefinitions;
-  text += fmt::format("[Objects/Galaxy]\nWidth={}\nHeight={}\n", width, height);
+  std::string text = Lines(fmt::format(kDefinitions, width, height));
   for (int index = 0; index < width * height; ++index) {
-    text += fmt::format("[Objects/Galaxy/Cells/{}]\nv={}\nowner={}\nstar={}\n", index, index, index % 2,
-                        index % 3 % 2);
+    text += fmt::format("[Objects/Galaxy/Cells/{}]\r\nv={}\r\nowner={}\r\nstar={}\r\n", index, index,
+                        index % 2, index % 3 % 2);
   }
-  return WithCrLf(text);
+  return text;
 }
 
 Services Editor::ServicesFor(Answers answers) {
@@ -85,7 +54,7 @@ Services Editor::ServicesFor(Answers answers) {
 
 void Editor::GiveDefinitions(const std::string& text) {
   settings.Set(std::string(kApplicationKey) + "\\Definitions", "DefaultFile",
-               folder.Write("Definitions.txt", WithCrLf(text)));
+               folder.Write("Definitions.txt", text));
 }
 
 QString Editor::Pane(int id) {

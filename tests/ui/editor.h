@@ -10,7 +10,7 @@
 
 #include "map/document/vastrel_doc.h"
 #include "tests/cli/tool_run.h"
-#include "tests/platform/scripted_prompts.h"
+#include "tests/map/scripted_services.h"
 #include "tests/platform/temp_folder.h"
 #include "ui/app/map_editor_app.h"
 #include "ui/dialogs/qt_prompts.h"
@@ -20,27 +20,6 @@
 #include "ui/wizard/map_dialogs.h"
 
 namespace quorvel {
-
-/// Dialogs that keep what is offered.
-class KeepingMapDialogs : public MapDialogs {
- public:
-  std::optional<FileForm> ChooseDataType(FileForm selected) override { return selected; }
-  std::optional<NewMapChoice> ChooseNewMap(const MapSizeLimits& limits, const ClassDef*) override {
-    NewMapChoice choice;
-    choice.width = limits.defaultWidth.value_or(0);
-    choice.height = limits.defaultHeight.value_or(0);
-    return choice;
-  }
-  std::optional<CPropertySettingList> ChooseFilter(const CPropertySettingList*, const ClassDef*) override {
-    return std::nullopt;
-  }
-};
-
-/// A new map's seed, and the time at which its settings are kept.
-class FixedClock : public Clock {
- public:
-  std::int64_t Seconds() const override { return 4711; }
-};
 
 /// Who answers the editor's questions: the fixture's scripts, or dialogs as windows, to be driven by
 /// WhenModal.
@@ -67,7 +46,7 @@ class Editor {
   /// Lets everything happen that is due, frames of the map views included.
   void Settle() { QTest::qWait(40); }
 
-  /// The default definitions: a file of its own with this text.
+  /// The default definitions: a file with this text.
   void GiveDefinitions(const std::string& text);
 
   /// A map file in the folder with the members n (string), v (int), owner and star (index); every cell has a
@@ -105,7 +84,7 @@ class Editor {
   ScriptedPrompts prompts;
   QtPrompts windowPrompts;
   QtFeedback feedback;
-  KeepingMapDialogs dialogs;
+  ScriptedMapDialogs dialogs;
   WindowMapDialogs windowDialogs{nullptr};
   QtToolOptions toolOptions;
   SettingsStore settings{SettingsPlaces{}};

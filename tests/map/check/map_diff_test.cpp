@@ -10,15 +10,15 @@ namespace {
 /// A map of 3 x 2 cells whose class "Cell" has these members, given as the lines below "[Classes/Cell]".
 MapContents MapOf(const std::string& members, int width = 3, int height = 2) {
   MapContents map = ContentsOf(
-      "[Classes/Kind]\r\ntype=\"names\"\r\n0=\"none\"\r\n1=\"star\"\r\n"
-      "[Classes/Map]\r\ntype=\"class\"\r\n[Classes/Cell]\r\ntype=\"class\"\r\n" +
+      Lines("[Classes/Kind] type='names' 0='none' 1='star' [Classes/Map] type='class' [Classes/Cell] "
+            "type='class' ") +
       members);
   MakeGrid(map, width, height);
   return map;
 }
 
 std::string Member(const std::string& name, const std::string& kind, const std::string& range) {
-  return "[Classes/Cell/" + name + "]\r\ntype=\"" + kind + "\"\r\nrange=\"" + range + "\"\r\n";
+  return Lines("[Classes/Cell/" + name + "] type='" + kind + "' range='" + range + "'");
 }
 
 std::string Diff(const MapContents& a, const MapContents& b) {

@@ -1,11 +1,10 @@
 #include "map/document/editing.h"
 
-#include <fmt/format.h>
 #include <gmock/gmock.h>
 
 #include "map/document/paint_tool.h"
 #include "map/document/vastrel_doc.h"
-#include "tests/map/cell_class_fixture.h"
+#include "tests/map/map_samples.h"
 #include "tests/map/scripted_services.h"
 #include "tests/platform/text_document.h"
 
@@ -36,9 +35,7 @@ class FilterDialogs : public ScriptedMapDialogs {
 class Editing : public testing::Test {
  protected:
   Editing() : document(services) {
-    MapContents map = MapOfEveryKind(4, 3);
-    map.m_pMapClass = map.m_pTypes->Add(std::make_unique<ClassDef>("Map"));
-    document.Adopt(std::move(map));
+    document.Adopt(EmptySampleMap(4, 3));
     document.AddView(view);
     view.hints.clear();
   }
@@ -57,20 +54,7 @@ class Editing : public testing::Test {
       marks += IsMarked(document, document.m_pGrid->CoordOf(index)) != 0 ? '#' : '.';
     return marks;
   }
-  /// Hints since the last call: "all", "tool", "cell C:R", "current C:R from C:R".
-  std::vector<std::string> TakeHints() {
-    std::vector<std::string> texts;
-    for (const UpdateHint& hint : std::exchange(view.hints, {})) {
-      if (hint.code == UpdateHint::All) texts.emplace_back("all");
-      if (hint.code == UpdateHint::Tool) texts.emplace_back("tool");
-      if (hint.code == UpdateHint::Cell)
-        texts.push_back(fmt::format("cell {}:{}", hint.cell.column, hint.cell.row));
-      if (hint.code == UpdateHint::CurrentCell)
-        texts.push_back(fmt::format("current {}:{} from {}:{}", hint.cell.column, hint.cell.row,
-                                    hint.previous.column, hint.previous.row));
-    }
-    return texts;
-  }
+  std::vector<std::string> TakeHints() { return view.TakeHints(); }
 
   StatusFeedback feedback;
   FilterDialogs dialogs;
@@ -95,8 +79,8 @@ TEST_F(Editing, NothingHappensWithoutAGrid) {
   document.m_pGrid.reset();
   document.m_pCellMarks.reset();
   const CellCoord cell{0, 0};
-  EXPECT_FALSE(SetCurrentCell(document, &cell));
-  EXPECT_FALSE(SetCurrentCell(document, nullptr));
+  for (const CellCoord* none : {&cell, static_cast<const CellCoord*>(nullptr)})
+    EXPECT_FALSE(SetCurrentCell(document, none));
   EXPECT_THAT(feedback.texts, IsEmpty());
   *document.m_pCurrentCell = cell;
   for (const int tool : {kCellPropertyTool, kPointerTool}) {

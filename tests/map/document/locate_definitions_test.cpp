@@ -16,10 +16,6 @@ class LocateDefinitions : public testing::Test {
  protected:
   LocateDefinitions() : registry(world.settings) {}
 
-  void Remember(const std::string& file) {
-    registry.CreateKey("", "Definitions");
-    registry.SetString("Definitions", "DefaultFile", file);
-  }
   std::string Remembered() {
     std::string file = "(nothing)";
     registry.GetString("Definitions", "DefaultFile", file, "(no key)");
@@ -32,13 +28,6 @@ class LocateDefinitions : public testing::Test {
   std::string path = "before";
 };
 
-TEST_F(LocateDefinitions, FindsTheRememberedFileUnasked) {
-  Remember(folder.Write("defs.txt", "x"));
-  EXPECT_EQ(LocateDefaultDefinitions(path, world.services), DialogResult::Ok);
-  EXPECT_EQ(path, folder / "defs.txt");
-  EXPECT_EQ(DefaultDefinitionsPath(world.settings), path);
-}
-
 TEST_F(LocateDefinitions, AsksUntilAFileIsThere) {
   folder.Write("defs.txt", "x");
   world.prompts.answers = {Answer::Ok, Answer::Ok};
@@ -47,6 +36,8 @@ TEST_F(LocateDefinitions, AsksUntilAFileIsThere) {
   EXPECT_EQ(LocateDefaultDefinitions(path, world.services), DialogResult::Ok);
   EXPECT_EQ(path, folder / "defs.txt");
   EXPECT_EQ(Remembered(), path);
+  EXPECT_EQ(LocateDefaultDefinitions(path, world.services), DialogResult::Ok);
+  EXPECT_EQ(DefaultDefinitionsPath(world.settings), path);  // found unasked
   const std::string question = "The default definitions file was not found.\nPlease locate the file.";
   EXPECT_THAT(world.prompts.messages, ElementsAre(question, question));
   ASSERT_EQ(world.prompts.filePrompts.size(), 2U);

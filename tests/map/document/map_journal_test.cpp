@@ -28,22 +28,18 @@ class NoFrames : public FrameHost {
   void RequestIdle() override {}
 };
 
-struct Edit {
-  const char* title;
-  std::int32_t cell;
-  const char *member, *text;
-};
-constexpr Edit kEdits[] = {
-    {"a text that a text form would not keep", 0, "Name", "a // \"b\" \xff"},
-    {"an empty text", 1, "Name", ""},
-    {"an int", 2, "Count", "-2147483648"},
-    {"a float with all its bits", 3, "Weight", "1e-20"},
-    {"a float that is no number", 4, "Weight", "nan"},
-    {"a position", 5, "Kind", "2"},
-    {"no position", 6, "Kind", "-1"},
-    {"an object: only the record is made", 7, "Part", ""},
-    {"the last value counts", 2, "Count", "3"},
-    {"the last cell", 11, "Count", "1"},
+/// Cell, member and text.
+constexpr std::tuple<std::int32_t, const char*, const char*> kEdits[] = {
+    {0, "Name", "a // \"b\" \xff"},  // a text that a text form would not keep
+    {1, "Name", ""},
+    {2, "Count", "-2147483648"},
+    {3, "Weight", "1e-20"},  // all its bits count
+    {4, "Weight", "nan"},
+    {5, "Kind", "2"},
+    {6, "Kind", "-1"},  // no position
+    {7, "Part", ""},    // an object: only the record is made
+    {2, "Count", "3"},  // the last value counts
+    {11, "Count", "1"},
 };
 
 void Store(CVastrelDoc& document, std::int32_t index, const char* name, const char* text) {
@@ -56,12 +52,11 @@ void Store(CVastrelDoc& document, std::int32_t index, const char* name, const ch
 }
 
 void StoreAll(CVastrelDoc& document) {
-  for (const Edit& edit : kEdits) Store(document, edit.cell, edit.member, edit.text);
+  for (const auto& [cell, member, text] : kEdits) Store(document, cell, member, text);
 }
 
 MapContents LargeMapOfFewCells() {
-  MapContents map = ContentsOf(SampleClasses());
-  MakeGrid(map, 2001, 2000);
+  MapContents map = EmptySampleMap(2001, 2000);
   SetValue(map, 4'001'999, "Count", "8");
   return map;
 }
@@ -120,26 +115,22 @@ class Journals : public testing::Test {
 };
 
 TEST_F(Journals, BringBackValuesOfEveryKind) {
-  const struct {
-    const char* title;
-    std::function<CVastrelDoc&()> make;
-    std::string name;
-  } rows[] = {
-      {"a new map", [&]() -> CVastrelDoc& { return New(SampleMap(4, 3, 2)); }, "Map1"},
-      {"a large one", [&]() -> CVastrelDoc& { return New(LargeMapOfFewCells()); }, "Map1"},
-      {"a text file", [&]() -> CVastrelDoc& { return Open(FileForm::Text); }, folder / "map.vrl"},
-      {"a binary file", [&]() -> CVastrelDoc& { return Open(FileForm::Binary); }, folder / "map.vrl"},
+  const std::function<CVastrelDoc&()> ways[] = {
+      [&]() -> CVastrelDoc& { return New(SampleMap(4, 3, 2)); },
+      [&]() -> CVastrelDoc& { return New(LargeMapOfFewCells()); },
+      [&]() -> CVastrelDoc& { return Open(FileForm::Text); },
+      [&]() -> CVastrelDoc& { return Open(FileForm::Binary); },
   };
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.title);
+  for (const auto& make : ways) {
+    SCOPED_TRACE(&make - ways);
     Restart();
-    CVastrelDoc& edited = row.make();
+    CVastrelDoc& edited = make();
     StoreAll(edited);
     const std::string before = Describe(edited);
     const std::string path = edited.GetPathName();
     for (int crash = 0; crash < 2; ++crash) {
-      EXPECT_THAT(Recover({Answer::Yes}),
-                  ElementsAre("Quorvel ended unexpectedly.\nRecover the changes of " + row.name + "?"));
+      EXPECT_THAT(Recover({Answer::Yes}), ElementsAre("Quorvel ended unexpectedly.\nRecover the changes of " +
+                                                      (path.empty() ? "Map1" : path) + "?"));
       ASSERT_THAT(app->Documents(), SizeIs(1));
       EXPECT_EQ(Describe(Document()), before);
       EXPECT_EQ(Document().GetPathName(), path);
@@ -155,8 +146,8 @@ TEST_F(Journals, EndAtTheRecordThatTheCrashCut) {
   Store(edited, 0, "Count", "1");
   std::vector<std::string> states = {Describe(edited)};
   std::vector<std::size_t> ends = {folder.Read(Name()).size()};
-  for (const Edit& edit : kEdits) {
-    Store(edited, edit.cell, edit.member, edit.text);
+  for (const auto& [cell, member, text] : kEdits) {
+    Store(edited, cell, member, text);
     states.push_back(Describe(edited));
     ends.push_back(folder.Read(Name()).size());
   }

@@ -6,11 +6,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "map/fill/fill_settings.h"
-#include "map/fill/map_fill.h"
-#include "map/types/definitions.h"
 #include "platform/documents/doc_template.h"
-#include "platform/settings/registry_settings.h"
 #include "tests/map/failing_memory.h"
 #include "tests/map/scripted_services.h"
 #include "tests/platform/temp_folder.h"
@@ -44,12 +40,10 @@ class VastrelDoc : public testing::Test {
     document.AddView(view);
   }
 
-  /// Makes the definitions file and remembers it as the default one.
-  void GiveDefinitions(const std::string& text) {
-    CRegistrySettings registry(world.settings);
-    registry.CreateKey("", "Definitions");
-    registry.SetString("Definitions", "DefaultFile", folder.Write("defs.txt", text));
+  void RememberDefinitions(const std::string& path) {
+    world.settings.Set(std::string(kApplicationKey) + "\\Definitions", "DefaultFile", path);
   }
+  void GiveDefinitions(const std::string& text) { RememberDefinitions(folder.Write("defs.txt", text)); }
 
   const TempFolder folder;
   ScriptedServices world;
@@ -174,72 +168,21 @@ TEST_F(VastrelDoc, MakesTheNewMapOnce) {
   EXPECT_TRUE(world.prompts.messages.empty());
 }
 
-TEST_F(VastrelDoc, KeepsTheSettingsThatMakeTheMapAgain) {
-  GiveDefinitions(SampleClasses());
-  world.services.fillsFolder = folder / "fills";
-  std::string errorText;
-  DataBranch definitions({});
-  ASSERT_TRUE(document.LoadDefaultDefinitions(definitions, errorText));
-  NewMapChoice choice{.width = 9, .height = 3, .global = {}, .region = {}};
-  CPropertySetting& counts =
-      choice.global.Add(document.m_pCellClass->FindMember("Count"), CoverageControl::Slider);
-  counts.SetCoverage(33);
-  counts.AddValue().StoreText("9");
-  counts.AddValue().StoreText("-7");
-  counts.SetShare(counts.GetValues()[0].get(), 70);
-  world.mapDialogs.newMaps.emplace_back(std::move(choice));
-  ASSERT_TRUE(document.CreateNewMap(errorText));
-  ASSERT_FALSE(view.hints.empty());
-  EXPECT_EQ(view.hints.front().code, UpdateHint::All);
-  EXPECT_EQ(view.hints.back().code, UpdateHint::Cell);
-
-  DataBranch file({});
-  std::stringbuf text(folder.Read("fills/1970-01-01-000001.txt"));
-  file.ReadText(&text);
-  MapContents again;
-  BuildTypes(file, again, errorText);
-  const std::optional<FillSettings> settings = ReadFillSettings(file, again.m_pCellClass, errorText);
-  ASSERT_TRUE(settings) << errorText;
-  MakeGrid(again, *settings->width, *settings->height);
-  FillMap(again, settings->global, settings->region, *settings->seed, world.feedback, document);
-  const auto cells = [](const MapContents& map) {
-    const std::string all = Describe(map);
-    return all.substr(all.find("9 x 3"));
-  };
-  EXPECT_EQ(cells(again), cells(document));
-}
-
-TEST_F(VastrelDoc, ACancelledWizardLeavesTheEmptyMap) {
-  GiveDefinitions(SampleClasses());
-  document.OnIdle();
-  EXPECT_EQ(document.m_pGrid->Width(), 10);
-  EXPECT_EQ(document.m_pGrid->Count(), 0);
-  EXPECT_FALSE(document.IsModified());
-  EXPECT_EQ(owner.released, 0);
-}
-
 TEST_F(VastrelDoc, ClosesANewMapThatCannotBeMade) {
-  struct Row {
-    const char* title;
-    std::string definitions, errorText;
-  };
-  const Row rows[] = {
-      {"nothing in the file", "x",
-       "Classes not found.\nMap definition not found.\nCell definition not found.\n"},
-      {"a map class without a size", Lines("[Classes/Map] type='class' [Classes/Cell] type='class'"),
+  const std::pair<std::string, std::string> rows[] = {
+      {"x", "Classes not found.\nMap definition not found.\nCell definition not found.\n"},
+      {Lines("[Classes/Map] type='class' [Classes/Cell] type='class'"),
        "Map width 0 is below 1.\nMap height 0 is below 1.\n"},
-      {"no cell class, but a map",
-       Lines("[Classes/Map] type='class' [Classes/Map/Width] type='int' range='1<3<5' "
+      {Lines("[Classes/Map] type='class' [Classes/Map/Width] type='int' range='1<3<5' "
              "[Classes/Map/Height] type='float' range='1<3.9<5'"),
-       "Cell definition not found.\n"}};
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.title);
-    GiveDefinitions(row.definitions);
+       "Cell definition not found.\n"}};  // though a map can be made
+  for (const auto& [definitions, errorText] : rows) {
+    GiveDefinitions(definitions);
     CVastrelDoc fresh(world.services);
     fresh.SetOwner(owner, product);
     owner.released = 0;
     fresh.OnIdle();
-    EXPECT_THAT(world.prompts.TakeMessages(), ElementsAre("Map file error:\n\n" + row.errorText));
+    EXPECT_THAT(world.prompts.TakeMessages(), ElementsAre("Map file error:\n\n" + errorText));
     EXPECT_EQ(owner.released, 1);
   }
 }
@@ -336,9 +279,7 @@ TEST_F(VastrelDoc, SaysWhyTheDefinitionsCannotBeRead) {
   EXPECT_FALSE(document.LoadDefaultDefinitions(file, errorText));
   EXPECT_EQ(errorText, "Definition file error:\nDefault definitions file unavailable.\n");
 
-  CRegistrySettings registry(world.settings);
-  registry.CreateKey("", "Definitions");
-  registry.SetString("Definitions", "DefaultFile", folder.Path());  // there, but no file
+  RememberDefinitions(folder.Path());  // there, but no file
   errorText.clear();
   EXPECT_FALSE(document.LoadDefaultDefinitions(file, errorText));
   EXPECT_EQ(errorText, "Definition file error:\n'" + folder.Path() + "'\nFile error.\nCause: Is a directory");
@@ -354,9 +295,7 @@ TEST_F(VastrelDoc, StoresAValueInOnePlace) {
 
   EXPECT_EQ(std::memcmp(count->GetValuePtr(record.data), &value, sizeof value), 0);
   EXPECT_TRUE(document.IsModified());
-  ASSERT_EQ(view.hints.size(), 1U);
-  EXPECT_EQ(view.hints[0].code, UpdateHint::Cell);
-  EXPECT_EQ(view.hints[0].cell, (CellCoord{1, 2}));
+  EXPECT_THAT(view.hints, ElementsAre("cell 1:2"));
 }
 
 }  // namespace

@@ -83,8 +83,7 @@ TEST(MapWriter, WritesNoClassesWhereThereAreNone) {
 }
 
 TEST(MapWriter, WritesTheBinaryFormByteForByte) {
-  MapContents contents = ContentsOf(SampleClasses());
-  MakeGrid(contents, 2, 1);
+  MapContents contents = EmptySampleMap(2, 1);
   SetValue(contents, 1, "Name", "abc");
   SetValue(contents, 1, "Count", "-2");
   SetValue(contents, 1, "Weight", "0.5");
@@ -131,22 +130,18 @@ TEST(MapWriter, ReportsEveryCellInOrder) {
   MakeGrid(contents, 3, 1);
   SetValue(contents, 0, "v", "1");
   SetValue(contents, 2, "v", "2");
-  struct Row {
-    FileForm form;
-    std::vector<std::string> progress;
-  };
-  const Row rows[] = {{FileForm::Text, {"progress 0", "progress 50"}},
-                      {FileForm::Binary, {"progress 0", "progress 33", "progress 66"}}};
-  for (const Row& row : rows) {
-    SCOPED_TRACE(NameOf(row.form));
-    contents.m_nDataType = DataTypeOf(row.form);
+  const std::pair<FileForm, std::vector<std::string>> rows[] = {
+      {FileForm::Text, {"progress 0", "progress 50"}},
+      {FileForm::Binary, {"progress 0", "progress 33", "progress 66"}}};
+  for (const auto& [form, progress] : rows) {
+    contents.m_nDataType = DataTypeOf(form);
     std::string errorText;
     const auto plan = PlanMapFile(contents, "", errorText);
     std::stringbuf file;
     FeedbackLog log;
     SaveMap(*plan, contents, file, log);
     std::vector<std::string> expected = {"wait", "show", "progress 0", "text Saving map..."};
-    expected.insert(expected.end(), row.progress.begin(), row.progress.end());
+    expected.insert(expected.end(), progress.begin(), progress.end());
     expected.insert(expected.end(), {"hide", "text ", "end wait"});
     EXPECT_EQ(log.Events(), expected);
   }

@@ -6,7 +6,6 @@
 #include <fmt/format.h>
 #include <gtest/gtest.h>
 
-#include "tests/map/cell_class_fixture.h"
 #include "tests/map/map_samples.h"
 
 namespace quorvel {
@@ -47,13 +46,13 @@ std::string TextOf(const FillSettings& settings) {
 }
 
 TEST(FillSettings, ReadEverythingInOrder) {
-  const MapContents contents = ContentsOfEveryKind();
+  const MapContents contents = ContentsOf(SampleClasses());
   std::string errorText;
   const auto settings = ReadText(
-      Lines("[Fill] Width=12 Height=5000 Seed=4294967295 [Fill/Global/second] member='Wealth' coverage=-37.5 "
+      Lines("[Fill] Width=12 Height=5000 Seed=4294967295 [Fill/Global/second] member='Count' coverage=-37.5 "
             "[Fill/Global/second/Values/z] value=3 share=60 [Fill/Global/second/Values/a] value=8x share=-40 "
             "[Fill/Global/first] member='Name' [Fill/Global/first/Values/0] [Fill/Region/Values] "
-            "member='Owner' "
+            "member='Kind' "
             "[Fill/Region/Values/Values/Values] value=2 x=10.5 y=300 [Fill/Region/Values/Values/1]"),
       contents.m_pCellClass, errorText);
   ASSERT_TRUE(settings) << errorText;
@@ -62,9 +61,9 @@ TEST(FillSettings, ReadEverythingInOrder) {
   EXPECT_EQ(settings->height, 1000) << "clamped as the wizard clamps it";
   EXPECT_EQ(settings->seed, 4294967295U);
   EXPECT_EQ(Describe(settings->global),
-            "Wealth 37.5: 3 60 at 50,50; 8 -40 at 50,50;\n"
+            "Count 37.5: 3 60 at 50,50; 8 -40 at 50,50;\n"
             "Name 100:  0 at 50,50;\n");  // shares as they stand, else 0; the empty text
-  EXPECT_EQ(Describe(settings->region), "Owner 100: Borea 100 at 10.5,100; Free 0 at 50,50;\n");
+  EXPECT_EQ(Describe(settings->region), "Kind 100: hole 100 at 10.5,100; dust 0 at 50,50;\n");
 }
 
 TEST(FillSettings, SizesAndSeedMayBeMissingOrOutOfRange) {
@@ -78,25 +77,23 @@ TEST(FillSettings, SizesAndSeedMayBeMissingOrOutOfRange) {
 }
 
 TEST(FillSettings, RefusesByName) {
-  struct Row {
-    std::string text, errorText;
-  };
-  const Row rows[] = {{Lines("[Map] Width=3"), "Settings \"Fill\" not found.\n"},
-                      {Lines("[Fill/Global/0] member='Wea\x1bther' [Fill/Region/1] coverage=3"),
-                       "Setting \"Global/0\": there is no cell property \"Wea%1Bther\".\n"
-                       "Setting \"Region/1\": there is no cell property \"\".\n"}};
-  const MapContents contents = ContentsOfEveryKind();
-  for (const Row& row : rows) {
+  const std::pair<std::string, std::string> rows[] = {
+      {Lines("[Map] Width=3"), "Settings \"Fill\" not found.\n"},
+      {Lines("[Fill/Global/0] member='Wea\x1bther' [Fill/Region/1] coverage=3"),
+       "Setting \"Global/0\": there is no cell property \"Wea%1Bther\".\n"
+       "Setting \"Region/1\": there is no cell property \"\".\n"}};
+  const MapContents contents = ContentsOf(SampleClasses());
+  for (const auto& [text, expected] : rows) {
     std::string errorText;
-    EXPECT_FALSE(ReadText(row.text, contents.m_pCellClass, errorText));
-    EXPECT_EQ(errorText, row.errorText);
+    EXPECT_FALSE(ReadText(text, contents.m_pCellClass, errorText));
+    EXPECT_EQ(errorText, expected);
   }
 }
 
 TEST(FilterSettings, HaveTheFormOfGlobalSettings) {
-  const MapContents contents = ContentsOfEveryKind();
+  const MapContents contents = ContentsOf(SampleClasses());
   for (const auto& [member, errorText] :
-       {std::pair{"Owner", ""},
+       {std::pair{"Kind", ""},
         {"Weather", "Setting \"Filter/0\": there is no cell property \"Weather\".\n"}}) {
     DataBranch file("");
     file.SetLeaf("Filter/0/member", member, ValueType::String);
@@ -104,13 +101,13 @@ TEST(FilterSettings, HaveTheFormOfGlobalSettings) {
     std::string errors;
     const auto filter = ReadFilterSettings(file, contents.m_pCellClass, errors);
     EXPECT_EQ(errors, errorText);
-    EXPECT_EQ(filter ? Describe(*filter) : "", *errorText != '\0' ? "" : "Owner 100: Aurelia 0 at 50,50;\n");
+    EXPECT_EQ(filter ? Describe(*filter) : "", *errorText != '\0' ? "" : "Kind 100: star 0 at 50,50;\n");
   }
 }
 
 /// Values whose usual text says less than they hold must come back to the bit.
 TEST(FillSettings, WrittenSettingsComeBack) {
-  const MapContents contents = ContentsOfEveryKind();
+  const MapContents contents = ContentsOf(SampleClasses());
   FillSettings settings{.width = 30, .height = 20, .seed = 3'000'000'000U, .global = {}, .region = {}};
   const auto add = [&](CPropertySettingList& list, const char* member,
                        const std::vector<const char*>& texts) {
@@ -118,11 +115,11 @@ TEST(FillSettings, WrittenSettingsComeBack) {
     setting.SetCoverage(66.666664F);
     for (const char* text : texts) setting.AddValue().StoreText(text);
   };
-  add(settings.global, "Heat", {"1.0000001", "1e-20", "-3"});
-  add(settings.global, "Wealth", {"2147483647", "-12"});
-  add(settings.global, "Post", {""});
+  add(settings.global, "Weight", {"1.0000001", "1e-20", "-3"});
+  add(settings.global, "Count", {"2147483647", "-12"});
+  add(settings.global, "Part", {""});
   add(settings.region, "Name", {"\"quoted'", "tau = 6.28", "\xC3\x89psilon"});
-  add(settings.region, "Owner", {"2", "-1", "3"});
+  add(settings.region, "Kind", {"2", "-1", "3"});
   for (const auto& value : settings.region.GetSettings()[0]->GetValues()) value->SetOrigin(33.333332F, 12.5F);
   CPropertySetting& heats = *settings.global.GetSettings()[0];
   heats.SetShare(heats.GetValues()[0].get(), 100.0F / 3);

@@ -8,16 +8,14 @@ namespace quorvel {
 namespace {
 
 struct FilterRow {
-  const char* what;
-  const char* member;
+  const char *what, *member;
   float coverage;
   std::vector<const char*> values;
   bool passes;
 };
 
 TEST(MapFilter, ACellPassesWhenItsValueIsOneOfTheValues) {
-  MapContents map = ContentsOf(SampleClasses());
-  MakeGrid(map, 2, 1);
+  MapContents map = EmptySampleMap(2, 1);
   SetValue(map, 0, "Name", "Vega");
   SetValue(map, 0, "Weight", "2.5");
   SetValue(map, 0, "Kind", "1");

@@ -5,7 +5,7 @@
 
 #include <gmock/gmock.h>
 
-#include "tests/map/cell_class_fixture.h"
+#include "tests/map/map_samples.h"
 
 namespace quorvel {
 namespace {
@@ -33,13 +33,7 @@ TEST(PropertySetting, TheFirstValueGetsEverything) {
 }
 
 TEST(PropertySetting, SharesAreHandedToTheOthers) {
-  struct Row {
-    std::vector<float> before;
-    std::size_t changed;
-    float share;
-    std::vector<float> after;
-  };
-  const Row rows[] = {
+  const std::tuple<std::vector<float>, std::size_t, float, std::vector<float>> rows[] = {
       {{100, 0, 0}, 1, 40, {60, 40, 0}},
       {{60, 40, 0}, 0, 100, {100, 0, 0}},
       {{100, 0, 0}, 0, 50, {50, 25, 25}},  // the others had nothing: equal parts
@@ -55,22 +49,16 @@ TEST(PropertySetting, SharesAreHandedToTheOthers) {
        36.099998474121094F,
        {36.099998474121094F, 63.900001525878906F}},  // in single precision throughout the last bit differs
   };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(testing::PrintToString(row.before) + " set " + testing::PrintToString(row.share));
+  for (const auto& [before, changed, share, after] : rows) {
     CPropertySetting setting(nullptr, CoverageControl::Slider);
-    Append(setting, row.before);
-    setting.SetShare(setting.GetValues()[row.changed].get(), row.share);
-    EXPECT_EQ(Shares(setting), row.after);
+    Append(setting, before);
+    setting.SetShare(setting.GetValues()[changed].get(), share);
+    EXPECT_EQ(Shares(setting), after) << testing::PrintToString(before) << " set " << share;
   }
 }
 
 TEST(PropertySetting, RemovedSharesGoToTheOthers) {
-  struct Row {
-    std::vector<float> before;
-    std::size_t removed;
-    std::vector<float> after;
-  };
-  const Row rows[] = {
+  const std::tuple<std::vector<float>, std::size_t, std::vector<float>> rows[] = {
       {{100, 0, 0}, 0, {50, 50}},
       {{60, 40}, 1, {100}},
       {{20, 30, 50}, 2, {40, 60}},
@@ -78,12 +66,11 @@ TEST(PropertySetting, RemovedSharesGoToTheOthers) {
       {{100, 0, 0, 0}, 0, {33.333333F, 33.333333F, 33.333333F}},
       {{3.299999952316284F, 69.57142639160156F}, 0, {71.94563293457031F}},  // quotient and product in double
   };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(testing::PrintToString(row.before) + " without " + testing::PrintToString(row.removed));
+  for (const auto& [before, removed, after] : rows) {
     CPropertySetting setting(nullptr, CoverageControl::Slider);
-    Append(setting, row.before);
-    setting.RemoveValue(setting.GetValues()[row.removed].get());
-    EXPECT_EQ(Shares(setting), row.after);
+    Append(setting, before);
+    setting.RemoveValue(setting.GetValues()[removed].get());
+    EXPECT_EQ(Shares(setting), after) << testing::PrintToString(before) << " without " << removed;
   }
 }
 
@@ -100,40 +87,34 @@ TEST(PropertySetting, ValuesOfAnotherSettingChangeNothing) {
 }
 
 TEST(PropertySetting, EveryStoreClamps) {
-  struct Row {
-    float stored, coverage, origin;
-  };
-  constexpr Row rows[] = {{0, 0, 0},      {37.5F, 37.5F, 37.5F}, {100.5F, 100, 100},   {-30, 30, 0},
-                          {-250, 100, 0}, {kInfinity, 100, 100}, {-kInfinity, 100, 0}, {kNaN, 0, 0}};
+  constexpr std::tuple<float, float, float> rows[] = {
+      {0, 0, 0},      {37.5F, 37.5F, 37.5F}, {100.5F, 100, 100},   {-30, 30, 0},
+      {-250, 100, 0}, {kInfinity, 100, 100}, {-kInfinity, 100, 0}, {kNaN, 0, 0}};
   CPropertySetting setting(nullptr, CoverageControl::Slider);
   CValueSetting& value = setting.AddValue();
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.stored);
-    setting.SetCoverage(row.stored);
-    EXPECT_EQ(setting.GetCoverage(), row.coverage);
-    value.SetOrigin(row.stored, 50);
-    EXPECT_EQ(value.GetOriginX(), row.origin);
-    value.SetOrigin(50, row.stored);
-    EXPECT_EQ(value.GetOriginY(), row.origin);
+  for (const auto& [stored, coverage, origin] : rows) {
+    SCOPED_TRACE(stored);
+    setting.SetCoverage(stored);
+    EXPECT_EQ(setting.GetCoverage(), coverage);
+    value.SetOrigin(stored, 50);
+    EXPECT_EQ(value.GetOriginX(), origin);
+    value.SetOrigin(50, stored);
+    EXPECT_EQ(value.GetOriginY(), origin);
   }
 }
 
 TEST(ValueSetting, HoldsTheDefaultUntilATextIsStored) {
-  struct Row {
-    const char *member, *before, *text, *after;
-  };
-  constexpr Row rows[] = {{"Name", "none", "Vega 7", "Vega 7"}, {"Wealth", "5", "12abc", "12"},
-                          {"Wealth", "5", "abc", "0"},          {"Heat", "1.500000", "2.25", "2.250000"},
-                          {"Owner", "Free", "2", "Borea"},      {"Owner", "Free", "-1", "<error>"},
-                          {"Post", "Outpost", "7", "Outpost"}};
-  const MapContents contents = ContentsOfEveryKind();
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.member);
-    CPropertySetting setting(Member(contents, row.member), CoverageControl::Slider);
+  constexpr std::tuple<const char*, const char*, const char*, const char*> rows[] = {
+      {"Name", "none", "Vega 7", "Vega 7"}, {"Count", "5", "12abc", "12"},
+      {"Kind", "dust", "2", "hole"},        {"Weight", "1.500000", "2.25", "2.250000"},
+      {"Kind", "dust", "-1", "<error>"},    {"Part", "Part", "7", "Part"}};
+  const MapContents contents = ContentsOf(SampleClasses());
+  for (const auto& [member, before, text, after] : rows) {
+    CPropertySetting setting(Member(contents, member), CoverageControl::Slider);
     CValueSetting& value = setting.AddValue();
-    EXPECT_EQ(value.FormatValue(), row.before);
-    value.StoreText(row.text);
-    EXPECT_EQ(value.FormatValue(), row.after);
+    EXPECT_EQ(value.FormatValue(), before);
+    value.StoreText(text);
+    EXPECT_EQ(value.FormatValue(), after);
   }
   CPropertySetting without(nullptr, CoverageControl::Slider);
   without.AddValue().StoreText("7");
@@ -141,7 +122,7 @@ TEST(ValueSetting, HoldsTheDefaultUntilATextIsStored) {
 }
 
 TEST(PropertySettingList, ACopyIsDeep) {
-  const MapContents contents = ContentsOfEveryKind();
+  const MapContents contents = ContentsOf(SampleClasses());
   CPropertySettingList list;
   CPropertySetting& setting = list.Add(Member(contents, "Name"), CoverageControl::Button);
   setting.SetCoverage(25);

@@ -8,12 +8,8 @@ namespace quorvel {
 namespace {
 
 TEST(CellPlace, ReadsColumnAndRowOrIndex) {
-  struct Row {
-    const char* text;
-    CellCoord cell;
-  };
   constexpr CellCoord kNone;
-  constexpr Row rows[] = {
+  constexpr std::pair<const char*, CellCoord> rows[] = {
       {"12:40", {12, 40}},     {"0:0", {0, 0}},   {"29:49", {29, 49}},  {"0", {0, 0}},
       {"1499", {29, 49}},      {"61", {1, 2}},    {" 7 : 8\t", {7, 8}}, {"  31 ", {1, 1}},
       {"007:008", {7, 8}},     {"", kNone},       {" ", kNone},         {":", kNone},
@@ -24,7 +20,7 @@ TEST(CellPlace, ReadsColumnAndRowOrIndex) {
       {"4294967297:0", kNone},
   };
   const CellGrid grid(30, 50);
-  for (const Row& row : rows) EXPECT_EQ(ParseCellPlace(row.text, grid).value_or(kNone), row.cell) << row.text;
+  for (const auto& [text, cell] : rows) EXPECT_EQ(ParseCellPlace(text, grid).value_or(kNone), cell) << text;
 }
 
 }  // namespace

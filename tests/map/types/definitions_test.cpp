@@ -2,7 +2,6 @@
 
 #include <sstream>
 
-#include <fmt/format.h>
 #include <gtest/gtest.h>
 
 #include "tests/map/map_samples.h"
@@ -21,11 +20,7 @@ MapContents Build(const std::string& file, std::string& errorText) {
 }
 
 TEST(Definitions, BuildWhatEntriesDeclare) {
-  struct Row {
-    const char* title;
-    std::string entries, types;
-  };
-  const Row rows[] = {
+  const std::tuple<const char*, std::string, std::string> rows[] = {
       {"members of every kind",
        Lines("[Classes/L] type='stars' 0='a' 1='b' [Classes/C] type='CLASS' [Classes/C/s] "
              "type='String' range='2<3' [Classes/C/i] type='int' range='x:1<5<9' [Classes/C/f] "
@@ -53,51 +48,22 @@ TEST(Definitions, BuildWhatEntriesDeclare) {
              "type='index' range='L' [Classes/D/y] type='index' range='C'"),
        "class C: x 3 0,-1,0 -; o 4 - -;\nlist L: |\nclass D: x 3 0,-1,0 L; y 3 0,-1,0 -;\n"},
       {"leaves directly below Classes are no entries", Lines("[Classes] type='class'"), ""}};
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.title);
+  for (const auto& [title, entries, types] : rows) {
     std::string errorText;
-    EXPECT_EQ(DescribeTypes(*Build(row.entries, errorText).m_pTypes), row.types);
+    EXPECT_EQ(DescribeTypes(*Build(entries, errorText).m_pTypes), types) << title;
   }
 }
 
 TEST(Definitions, SayWhichClassesAreMissing) {
-  struct Row {
-    const char* title;
-    std::string file;
-    const char* errorText;
-  };
-  const Row rows[] = {
-      {"nothing", "", "Classes not found.\nMap definition not found.\nCell definition not found.\n"},
-      {"no class", Lines("[Classes]"), "Map definition not found.\nCell definition not found.\n"},
-      {"a list is no class", Lines("[Classes/Map] type='x' [Classes/Cell] type='class'"),
-       "Map definition not found.\n"},
-      {"names in their own case", Lines("[Classes/Map] type='class' [Classes/cell] type='class'"),
-       "Cell definition not found.\n"},
-      {"all there", SampleClasses(), ""}};
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.title);
+  for (const auto& [words, expected] :
+       {std::pair{"", "Classes not found.\nMap definition not found.\nCell definition not found.\n"},
+        {"[Classes]", "Map definition not found.\nCell definition not found.\n"},
+        {"[Classes/Map] type='x' [Classes/Cell] type='class'", "Map definition not found.\n"},  // a list
+        {"[Classes/Map] type='class' [Classes/cell] type='class'", "Cell definition not found.\n"}}) {
     std::string errorText;
-    Build(row.file, errorText);
-    EXPECT_EQ(errorText, row.errorText);
+    Build(Lines(words), errorText);
+    EXPECT_EQ(errorText, expected) << words;
   }
-}
-
-TEST(Definitions, ClassesThatDoubleEachOtherAreMeasuredAtOnce) {
-  std::string file = Lines("[Classes/c0] type='class' [Classes/c0/x] type='int'");
-  for (int i = 1; i <= 40; ++i) {
-    file +=
-        Lines(fmt::format("[Classes/c{0}] type='class' [Classes/c{0}/a] type='object' range='c{1}' "
-                          "[Classes/c{0}/b] type='object' range='c{1}'",
-                          i, i - 1));
-  }
-  file += Lines(
-      "[Classes/Map] type='class' [Classes/Cell] type='class' [Classes/Cell/o] type='object' "
-      "range='c40'");
-  std::string errorText;
-  const MapContents contents = Build(file, errorText);
-  EXPECT_EQ(errorText, "");
-  EXPECT_FALSE(CheckMap(contents, 1, 1, errorText));
-  EXPECT_EQ(errorText, "Values of one cell take 2147483644 bytes, above the limit of 1048576 bytes.\n");
 }
 
 }  // namespace

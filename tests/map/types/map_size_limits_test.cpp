@@ -21,8 +21,7 @@ std::string Describe(const MapSizeLimits& limits) {
 
 TEST(GetMapSizeLimits, TakesWhatTheMembersGive) {
   struct Row {
-    const char* title;
-    std::string width, height;  ///< the members' type and range
+    std::string title, width, height;  ///< type and range of the members
     bool result;
     const char* limits;
   };

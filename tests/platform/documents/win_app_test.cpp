@@ -79,16 +79,13 @@ TEST_F(App, OffersTheTypesOfNewDocumentsInOrder) {
 }
 
 TEST_F(App, OpensAFileWithTheTypeOfItsExtension) {
-  const struct {
-    const char* name;
-    int resourceId;
-  } rows[] = {{"b.prdx", 101}, {"bprd", 101}, {"a.pln", 101}, {"b.c.PRD", 102}, {"c.txt", 101}};
-  for (const auto& row : rows) {
-    folder.Write(row.name, "stars");
-    CDocument* document = Open(row.name);
-    ASSERT_TRUE(document) << row.name;
-    EXPECT_EQ(document->GetDocTemplate()->GetResourceID(), row.resourceId) << row.name;
-    EXPECT_EQ(document->GetTitle(), row.name);
+  for (const auto& [name, resourceId] :
+       {std::pair{"b.prdx", 101}, {"bprd", 101}, {"a.pln", 101}, {"b.c.PRD", 102}, {"c.txt", 101}}) {
+    folder.Write(name, "stars");
+    CDocument* document = Open(name);
+    ASSERT_TRUE(document) << name;
+    EXPECT_EQ(document->GetDocTemplate()->GetResourceID(), resourceId) << name;
+    EXPECT_EQ(document->GetTitle(), name);
     EXPECT_EQ(static_cast<TextDocument*>(document)->text, "stars");
   }
   EXPECT_THAT(app.GetRecentFiles().Paths(),
@@ -111,21 +108,16 @@ TEST_F(App, ActivatesAFileThatIsOpenAlready) {
   EXPECT_EQ(folder.Read("a.pln"), "stars");
 }
 
-TEST_F(App, ForgetsAFileThatItRefuses) {
+TEST_F(App, AsksForTheFileToOpenAndForgetsOneThatItRefuses) {
   folder.Write("refused.pln", "!");
-  EXPECT_FALSE(Open("refused.pln"));
+  prompts.names = {folder / "refused.pln", std::nullopt};
+  EXPECT_FALSE(app.OnFileOpen());
+  EXPECT_FALSE(app.OnFileOpen());
   EXPECT_THAT(prompts.messages, ElementsAre("refused"));
   EXPECT_EQ(TextDocument::ended, 1);
   EXPECT_TRUE(app.Documents().empty());
   EXPECT_TRUE(app.GetRecentFiles().Paths().empty());
   EXPECT_FALSE(app.IsBusy());
-}
-
-TEST_F(App, AsksForTheFileToOpen) {
-  folder.Write("a.prd", "stars");
-  prompts.names = {folder / "a.prd", std::nullopt};
-  EXPECT_TRUE(app.OnFileOpen());
-  EXPECT_FALSE(app.OnFileOpen());
   std::vector<std::string> filters;
   for (const FileFilter& filter : prompts.filePrompts.at(0).filters) filters.push_back(filter.name);
   EXPECT_THAT(filters, ElementsAre("Plain Files (*.pln)", "Product Files (*.prd)", "All Files (*.*)"));

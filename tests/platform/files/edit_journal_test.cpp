@@ -108,20 +108,17 @@ TEST(EditJournal, PassesOverWhatIsNoJournal) {
 }
 
 TEST(EditJournal, LiesInTheUsersStateFolder) {
-  const struct {
-    const char* home;
-    const char* state;
-    const char* folder;
-  } rows[] = {{"/home/x", "", "/home/x/.local/state/Kelmsor/Quorvel/journals"},
-              {"/home/x", "/state", "/state/Kelmsor/Quorvel/journals"},
-              {"", "relative", ""}};
+  const std::array<const char*, 3> rows[] = {// home, state folder, journals
+                                             {"/home/x", "", "/home/x/.local/state/Kelmsor/Quorvel/journals"},
+                                             {"/home/x", "/state", "/state/Kelmsor/Quorvel/journals"},
+                                             {"", "relative", ""}};
   for (const auto& row : rows) {
     const int status = RunInChild([&] {
-      setenv("HOME", row.home, 1);
-      setenv("XDG_STATE_HOME", row.state, 1);
-      if (EditJournal::FolderFromEnvironment() != row.folder) _exit(1);
+      setenv("HOME", row[0], 1);
+      setenv("XDG_STATE_HOME", row[1], 1);
+      if (EditJournal::FolderFromEnvironment() != row[2]) _exit(1);
     });
-    EXPECT_EQ(status, 0) << row.folder;
+    EXPECT_EQ(status, 0) << row[2];
   }
 }
 

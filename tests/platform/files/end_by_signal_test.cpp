@@ -34,12 +34,11 @@ TEST(EndBySignal, RemovesTemporaryFiles) {
 }
 
 TEST(EndBySignal, LeavesAnIgnoredSignalIgnored) {
-  const int status = RunInChild([] {
+  EXPECT_TRUE(WIFEXITED(RunInChild([] {
     std::signal(SIGHUP, SIG_IGN);
     EndTidilyOnSignals();
     raise(SIGHUP);
-  });
-  EXPECT_TRUE(WIFEXITED(status));
+  })));
 }
 
 }  // namespace

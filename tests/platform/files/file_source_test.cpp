@@ -71,23 +71,18 @@ TEST(FileSource, SaysWhyItCannotOpen) {
   const TempFolder folder;
   ASSERT_EQ(mkfifo((folder / "fifo").c_str(), 0600), 0);
   folder.Write("file", "bytes");
-  struct Row {
-    std::string path;
-    Accept accept;
-    const char* reason;
-  };
-  const Row rows[] = {
+  const std::tuple<std::string, Accept, const char*> rows[] = {
       {folder / "none", Accept::AnyInput, "No such file or directory"},
       {folder.Path(), Accept::AnyInput, "Is a directory"},
       {folder / "file/below", Accept::AnyInput, "Not a directory"},
       {folder / "fifo", Accept::PlainFilesOnly, "Not a regular file"},  // without waiting for a writer
       {"/dev/zero", Accept::PlainFilesOnly, "Not a regular file"},
       {"-", Accept::PlainFilesOnly, "No such file or directory"}};
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.path);
-    FileSource source(row.path, row.accept);
+  for (const auto& [path, accept, reason] : rows) {
+    SCOPED_TRACE(path);
+    FileSource source(path, accept);
     EXPECT_FALSE(source.IsOpen());
-    EXPECT_EQ(source.Error(), row.reason);
+    EXPECT_EQ(source.Error(), reason);
     EXPECT_EQ(source.sgetc(), EOF);
   }
 }

@@ -16,36 +16,25 @@ void SetTime(const std::string& path, long seconds) {
 }
 
 TEST(FileStamp, NoticesOtherContentOnly) {
-  struct Row {
-    const char* text;
-    bool changed;
-    void (*change)(const TempFolder& folder);
+  constexpr std::tuple<const char*, bool, const char*, long> rows[] = {
+      // new bytes and time of the file
+      {"nothing", false, "bytes", 1000},
+      {"touched, or replaced by a copy", false, "bytes", 2000},
+      {"same size, other bytes", true, "BYTES", 2000},
+      {"other size", true, "bytes and more", 2000},
+      {"other size, same time", true, "bytes and more", 1000},
   };
-  const Row rows[] = {
-      {"nothing", false, [](const TempFolder&) {}},
-      {"touched", false, [](const TempFolder& folder) { SetTime(folder / "map", 2000); }},
-      {"replaced by a copy", false,
-       [](const TempFolder& folder) {
-         std::filesystem::rename(folder.Write("copy", "bytes"), folder / "map");
-       }},
-      {"same size, other bytes", true, [](const TempFolder& folder) { folder.Write("map", "BYTES"); }},
-      {"other size", true, [](const TempFolder& folder) { folder.Write("map", "bytes and more"); }},
-      {"other size, same time", true,
-       [](const TempFolder& folder) {
-         folder.Write("map", "bytes and more");
-         SetTime(folder / "map", 1000);
-       }},
-      {"gone", false, [](const TempFolder& folder) { std::filesystem::remove(folder / "map"); }},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.text);
-    const TempFolder folder;
-    const std::string path = folder.Write("map", "bytes");
+  const TempFolder folder;
+  for (const auto& [what, changed, bytes, seconds] : rows) {
+    const std::string path = folder.Write(what, "bytes");
     SetTime(path, 1000);
     const FileStamp stamp = FileStamp::Of(path);
-    row.change(folder);
-    EXPECT_EQ(stamp.IsChanged(path), row.changed);
+    std::filesystem::rename(folder.Write("copy", bytes), path);
+    SetTime(path, seconds);
+    EXPECT_EQ(stamp.IsChanged(path), changed) << what;
     EXPECT_FALSE(FileStamp().IsChanged(path));
+    std::filesystem::remove(path);
+    EXPECT_FALSE(stamp.IsChanged(path)) << "gone";
   }
 }
 

@@ -3,8 +3,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "tests/platform/temp_folder.h"
-
 namespace quorvel {
 namespace {
 
@@ -45,19 +43,15 @@ TEST(RecentFiles, LastsForTheSessionWhereNothingCanBeStored) {
   SettingsStore store({.userFile = "/proc/none/settings", .systemFiles = {}});
   RecentFiles files(store);
   files.Load(4);
-  files.Add("/a");
-  files.Add("/b");
+  for (const char* path : {"/a", "/b"}) files.Add(path);
   EXPECT_THAT(files.Paths(), ElementsAre("/b", "/a"));
 }
 
 TEST(RecentFiles, SkipsWhatIsNoPath) {
-  const TempFolder folder;
-  const std::string long_ = "/" + std::string(100'000, 'x');
-  SettingsStore store({.userFile = folder.Write("settings",
-                                                "[Software\\Kelmsor\\Quorvel\\Recent File List]\nFile1=x\n"
-                                                "File2=" +
-                                                    long_ + "\nFile4=/a\nFile5=/b\n"),
-                       .systemFiles = {}});
+  SettingsStore store({});
+  store.SetAll(
+      std::string(kApplicationKey) + "\\Recent File List",
+      {{"File1", "x"}, {"File2", "/" + std::string(100'000, 'x')}, {"File4", "/a"}, {"File5", "/b"}});
   RecentFiles files(store);
   files.Load(4);
   EXPECT_THAT(files.Paths(), ElementsAre("/a"));

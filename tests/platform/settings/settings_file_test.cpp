@@ -6,11 +6,7 @@ namespace quorvel {
 namespace {
 
 TEST(SettingsText, ReadsKeysAndValues) {
-  struct Row {
-    const char* text;
-    SettingKeys keys;
-  };
-  const Row rows[] = {
+  const std::pair<const char*, SettingKeys> rows[] = {
       {"", {}},
       {"[A]\nx=1\n", {{"A", {{"x", "1"}}}}},
       {"[A]\r\nx=1\r\n\r\n[A\\B]\r\n", {{"A", {{"x", "1"}}}, {"A\\B", {}}}},
@@ -22,10 +18,7 @@ TEST(SettingsText, ReadsKeysAndValues) {
       {"[A]\nx=%zz%-1\n", {{"A", {{"x", "%zz%-1"}}}}},
       {"x=1\nnonsense\n[A\ny=2\n[B]\nnonsense\n", {{"B", {}}}},  // a broken key takes its values along
   };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.text);
-    EXPECT_EQ(ParseSettings(row.text), row.keys);
-  }
+  for (const auto& [text, keys] : rows) EXPECT_EQ(ParseSettings(text), keys) << text;
 }
 
 TEST(SettingsText, ReadsBackWhatItWrites) {

@@ -107,18 +107,19 @@ TEST(Help, OpensOneWindowWithTheBundledText) {
 TEST(ToolOptions, ShowTheActiveDocumentsTool) {
   Editor editor;
   auto& combo = editor.Frame().ToolOptionsBar().MemberCombo();
-  EXPECT_FALSE(combo.isEnabled());
+  const auto expectPainting = [&](bool paints) {
+    EXPECT_EQ(editor.Action(ID_TOOL_CELL_PROPERTY).isChecked(), paints);
+    EXPECT_EQ(combo.isEnabled(), paints);
+  };
   CVastrelDoc* first = editor.Open(editor.WriteMap("a.vrl", 3, 3));
   editor.Run(ID_TOOL_CELL_PROPERTY);
-  EXPECT_TRUE(editor.Action(ID_TOOL_CELL_PROPERTY).isChecked());
-  EXPECT_FALSE(editor.Action(ID_TOOL_POINTER).isChecked());
-  EXPECT_TRUE(combo.isEnabled());
+  expectPainting(true);
   EXPECT_EQ(combo.count(), 4);
   editor.Open(editor.WriteMap("b.vrl", 3, 3));
-  EXPECT_FALSE(combo.isEnabled()) << "the other document has the pointer";
+  expectPainting(false);  // the other document has the pointer
   EXPECT_TRUE(editor.Action(ID_TOOL_POINTER).isChecked());
   editor.Open(first->GetPathName());
-  EXPECT_TRUE(combo.isEnabled());
+  expectPainting(true);
 }
 
 TEST(Panes, F6WalksMapToolbarAndToolOptions) {

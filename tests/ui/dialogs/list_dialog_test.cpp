@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "tests/ui/modal_script.h"
-#include "ui/dialogs/new_type_dialog.h"
 #include "ui/dialogs/version_data_dialog.h"
 
 namespace quorvel {
@@ -14,68 +13,50 @@ QListWidget& List(QDialog& dialog) {
   return *FindControl<QListWidget>(dialog, IDC_DATA_TYPE);
 }
 
+QPoint SecondRow(QDialog& dialog) {
+  return List(dialog).visualItemRect(List(dialog).item(1)).center();
+}
+
+void DoubleClickSecond(QDialog& dialog) {
+  QTest::mouseClick(List(dialog).viewport(), Qt::LeftButton, {}, SecondRow(dialog));
+  QTest::mouseDClick(List(dialog).viewport(), Qt::LeftButton, {}, SecondRow(dialog));
+}
+
+/// Takes no choice away.
+void ClickWithControl(QDialog& dialog) {
+  QTest::mouseClick(List(dialog).viewport(), Qt::LeftButton, Qt::ControlModifier, SecondRow(dialog));
+  QTest::keyClick(&List(dialog), Qt::Key_Space, Qt::ControlModifier);
+}
+
 TEST(VersionDataDialog, AnswersTheChosenPosition) {
+  const auto press = [](Qt::Key key) {
+    return [key](QDialog& dialog) { QTest::keyClick(&List(dialog), key); };
+  };
   struct Row {
     const char* what;
-    int selected, expectedRow;
-    std::function<void(QDialog&)> steps;
-    int result, answer;
+    int selected;
+    ModalSteps steps;
+    int button, result, answer;
   };
-  const Row rows[] = {
-      {"untouched", 1, 1, [](QDialog& d) { Press(d, IDOK); }, QDialog::Accepted, 1},
-      {"key Up", 1, 1,
-       [](QDialog& d) {
-         QTest::keyClick(&List(d), Qt::Key_Up);
-         Press(d, IDOK);
-       },
-       QDialog::Accepted, 0},
-      {"cancelled", 1, 1,
-       [](QDialog& d) {
-         QTest::keyClick(&List(d), Qt::Key_Up);
-         Press(d, IDCANCEL);
-       },
-       QDialog::Rejected, 1},
-      {"Enter", 0, 0, [](QDialog& d) { QTest::keyClick(&d, Qt::Key_Return); }, QDialog::Accepted, 0},
-      {"double click", 0, 0,
-       [](QDialog& d) {
-         const QPoint second = List(d).visualItemRect(List(d).item(1)).center();
-         QTest::mouseClick(List(d).viewport(), Qt::LeftButton, {}, second);
-         QTest::mouseDClick(List(d).viewport(), Qt::LeftButton, {}, second);
-       },
-       QDialog::Accepted, 1},
-      {"Ctrl and a click takes no choice away", 1, 1,
-       [](QDialog& d) {
-         const QPoint second = List(d).visualItemRect(List(d).item(1)).center();
-         QTest::mouseClick(List(d).viewport(), Qt::LeftButton, Qt::ControlModifier, second);
-         QTest::keyClick(&List(d), Qt::Key_Space, Qt::ControlModifier);
-         Press(d, IDOK);
-       },
-       QDialog::Accepted, 1},
-      {"outside the list", -1, -1, [](QDialog& d) { Press(d, IDOK); }, QDialog::Accepted, -1},
-  };
+  const Row rows[] = {{"untouched", 1, [](QDialog&) {}, IDOK, QDialog::Accepted, 1},
+                      {"key Up", 1, press(Qt::Key_Up), IDOK, QDialog::Accepted, 0},
+                      {"cancelled", 1, press(Qt::Key_Up), IDCANCEL, QDialog::Rejected, 1},
+                      {"Enter", 0, press(Qt::Key_Return), 0, QDialog::Accepted, 0},
+                      {"double click", 0, DoubleClickSecond, 0, QDialog::Accepted, 1},
+                      {"Ctrl", 1, ClickWithControl, IDOK, QDialog::Accepted, 1},
+                      {"outside the list", -1, [](QDialog&) {}, IDOK, QDialog::Accepted, -1}};
   for (const Row& row : rows) {
     SCOPED_TRACE(row.what);
     CVersionDataDialog dialog;
     dialog.SetChoices({"text", "binary"}, row.selected);
-    EXPECT_EQ(dialog.windowTitle(), "Version Data");
-    EXPECT_EQ(List(dialog).currentRow(), row.expectedRow);
-    WhenModal(row.steps);
+    EXPECT_EQ(List(dialog).currentRow(), row.selected);
+    WhenModal([&row](QDialog& shown) {
+      row.steps(shown);
+      if (row.button) Press(shown, row.button);
+    });
     EXPECT_EQ(dialog.exec(), row.result);
     EXPECT_EQ(dialog.GetSelected(), row.answer);
   }
-}
-
-TEST(NewTypeDialog, OffersTheTypesInOrder) {
-  CNewTypeDialog dialog;
-  dialog.SetChoices({"Map (generic format)", "Orvantis Vastrel Map"}, 0);
-  auto* list = FindControl<QListWidget>(dialog, IDC_NEW_TYPES);
-  EXPECT_EQ(list->item(0)->text(), "Map (generic format)");
-  WhenModal([list](QDialog& d) {
-    QTest::keyClick(list, Qt::Key_Down);
-    Press(d, IDOK);
-  });
-  EXPECT_EQ(dialog.exec(), QDialog::Accepted);
-  EXPECT_EQ(dialog.GetSelected(), 1);
 }
 
 }  // namespace

@@ -49,16 +49,13 @@ class PdfPrinting : public testing::Test {
   QPrinter printer;
 };
 
-TEST_F(PdfPrinting, CutsTheMapIntoPages) {
+TEST_F(PdfPrinting, CutsTheMapIntoPagesAndPrintsTheRangeAskedFor) {
   ASSERT_TRUE(editor.OpenMap(20, 10));  // 1748 x 1050 pixels
   const int pages = MapPrinting::CountPages(printer, editor.View());
   EXPECT_GE(pages, 6);
   ASSERT_TRUE(editor.app.Printing().PrintPages(printer, editor.View()));
   EXPECT_EQ(PagesInFile(), pages);
-}
 
-TEST_F(PdfPrinting, PrintsTheRangeAskedFor) {
-  ASSERT_TRUE(editor.OpenMap(20, 10));
   printer.setPrintRange(QPrinter::PageRange);
   printer.setFromTo(2, 4);
   ASSERT_TRUE(editor.app.Printing().PrintPages(printer, editor.View()));

@@ -16,21 +16,18 @@ CellCoord Moved(const CellGrid& grid, CellCoord cell, int key) {
 
 TEST(CellNavigation, KeysReachAllSixNeighboursAndBack) {
   struct Row {
-    const char* what;
     Qt::Key key, back;
     CellCoord fromEven, fromOdd;  // relative to the cell left
   };
-  constexpr Row rows[] = {
-      {"up", Qt::Key_Up, Qt::Key_Down, {0, -1}, {0, -1}},
-      {"along the row", Qt::Key_Right, Qt::Key_Left, {1, 0}, {1, 0}},
-      {"upper right", Qt::Key_PageUp, Qt::Key_End, {1, -1}, {1, 0}},
-      {"lower right", Qt::Key_PageDown, Qt::Key_Home, {1, 0}, {1, 1}},
-  };
+  constexpr Row rows[] = {{Qt::Key_Up, Qt::Key_Down, {0, -1}, {0, -1}},
+                          {Qt::Key_Right, Qt::Key_Left, {1, 0}, {1, 0}},
+                          {Qt::Key_PageUp, Qt::Key_End, {1, -1}, {1, 0}},
+                          {Qt::Key_PageDown, Qt::Key_Home, {1, 0}, {1, 1}}};
   const CellGrid grid(9, 9);
   for (const CellCoord start : {CellCoord{4, 4}, CellCoord{5, 4}}) {
     std::set<int> reached;
     for (const Row& row : rows) {
-      SCOPED_TRACE(row.what);
+      SCOPED_TRACE(row.key);
       const CellCoord step = start.column == 4 ? row.fromEven : row.fromOdd;
       const CellCoord moved = Moved(grid, start, row.key);
       EXPECT_EQ(moved, (CellCoord{start.column + step.column, start.row + step.row}));

@@ -7,9 +7,8 @@
 
 #include "map/document/paint_tool.h"
 #include "map/fill/map_filter.h"
-#include "map/types/file_form.h"
 #include "map/types/member_editors.h"
-#include "tests/map/cell_class_fixture.h"
+#include "tests/map/map_samples.h"
 #include "tests/ui/editor.h"
 #include "tests/ui/modal_script.h"
 #include "tests/ui/wizard/cell_page_run.h"
@@ -17,38 +16,8 @@
 namespace quorvel {
 namespace {
 
-enum MemberPosition { kName, kValue, kOwner, kHeat, kPost };
-
-/// An empty map of 5 x 8 cells with a member of every kind.
-constexpr char kEveryKind[] = R"([Classes/Map]
-type="class"
-[Classes/Empire]
-type="items"
-0="Free"
-1="Aurelia"
-[Classes/Outpost]
-type="class"
-[Classes/Outpost/Crew]
-type="int"
-[Classes/Cell]
-type="class"
-[Classes/Cell/n]
-type="string"
-range="Sol"
-[Classes/Cell/v]
-type="int"
-[Classes/Cell/owner]
-type="index"
-range="Empire"
-[Classes/Cell/heat]
-type="float"
-[Classes/Cell/post]
-type="object"
-range="Outpost"
-[Objects/Galaxy]
-Width=5
-Height=8
-)";
+using enum CellPageRun::Row;
+constexpr int kOwner = 2;  // of the editor's own maps
 
 /// Takes the tool that paints and chooses a member in the bar, by keys.
 void PaintWith(Editor& editor, int member) {
@@ -77,22 +46,21 @@ void Replace(QWidget& box, const char* text) {
 TEST(Editing, EveryKindIsPaintedAlongADragAndSaved) {
   struct Row {
     int member;
-    const char* name;
-    const char* typed;  ///< null: a name is chosen with the key Down
-    const char* painted;
-    const char* trouble = "";  ///< what the box says of the typed text
+    const char *name, *typed;            ///< null: a name is chosen with the key Down
+    const char *painted, *trouble = "";  ///< what the box says of the typed text
   };
   // An object member stores nothing; a cell has no text for it.
-  constexpr Row rows[] = {{kName, "n", "Vega", "Vega"},
-                          {kValue, "v", "42", "42"},
-                          {kValue, "v", "12abc", "12", "No number: taken for 12"},
-                          {kValue, "v", "1,000", "1", "No number: taken for 1"},
-                          {kHeat, "heat", "2.5", "2.500000"},
-                          {kHeat, "heat", "warm", "0.000000", "No number: taken for 0"},
-                          {kOwner, "owner", nullptr, "Aurelia"},
-                          {kPost, "post", nullptr, "<error>"}};
+  constexpr Row rows[] = {{kName, "Name", "Vega", "Vega"},
+                          {kCount, "Count", "42", "42"},
+                          {kCount, "Count", "12abc", "12", "No number: taken for 12"},
+                          {kCount, "Count", "1,000", "1", "No number: taken for 1"},
+                          {kWeight, "Weight", "2.5", "2.500000"},
+                          {kWeight, "Weight", "warm", "0.000000", "No number: taken for 0"},
+                          {kKind, "Kind", nullptr, "star"},
+                          {kPart, "Part", nullptr, "<error>"}};
   Editor editor;
-  CVastrelDoc& document = *editor.Open(editor.folder.Write("map.vrl", WithCrLf(kEveryKind)));
+  CVastrelDoc& document = *editor.Open(
+      editor.folder.Write("map.vrl", SampleClasses() + Lines("[Objects/Galaxy] Width=5 Height=8")));
   editor.View().SetCellSize(50);
   int line = 0;
   for (const Row& row : rows) {
@@ -106,6 +74,8 @@ TEST(Editing, EveryKindIsPaintedAlongADragAndSaved) {
       PressKey(box, Qt::Key_Down);
     }
     EXPECT_EQ(box.toolTip(), row.trouble);
+    EXPECT_EQ(box.palette().color(QPalette::Text) == QApplication::palette().color(QPalette::Text),
+              row.trouble == std::string_view());
     EXPECT_EQ(box.accessibleDescription(), row.name);
     EXPECT_EQ(QAccessible::queryAccessibleInterface(&box)->text(QAccessible::Help), row.trouble);
 
@@ -148,18 +118,13 @@ TEST(Editing, AFocusedEditBoxHasItsKeys) {
   box.clear();
   QTest::keyClicks(&box, "a+-=[]{}");
   EXPECT_EQ(box.text(), "a+-=[]{}");
-  struct Row {
-    Qt::Key key;
-    const char* text;
-  };
-  constexpr Row rows[] = {{Qt::Key_A, "a+-=[]{}"},
-                          {Qt::Key_C, "a+-=[]{}"},
-                          {Qt::Key_X, ""},
-                          {Qt::Key_V, "a+-=[]{}"},
-                          {Qt::Key_Z, ""}};
-  for (const Row& row : rows) {
-    QTest::keyClick(&box, row.key, Qt::ControlModifier);
-    EXPECT_EQ(box.text(), row.text) << "Ctrl+" << static_cast<char>(row.key);
+  for (const auto& [key, text] : {std::pair{Qt::Key_A, "a+-=[]{}"},
+                                  {Qt::Key_C, "a+-=[]{}"},
+                                  {Qt::Key_X, ""},
+                                  {Qt::Key_V, "a+-=[]{}"},
+                                  {Qt::Key_Z, ""}}) {
+    QTest::keyClick(&box, key, Qt::ControlModifier);
+    EXPECT_EQ(box.text(), text) << "Ctrl+" << static_cast<char>(key);
   }
   EXPECT_EQ(editor.View().CellSize(), 90);
   EXPECT_EQ(editor.View().Look().fillMember, fill);
@@ -273,32 +238,20 @@ TEST(Editing, TheFilterFadesWhatFailsIt) {
   EXPECT_FALSE(document.IsModified());
 }
 
-TEST(Editing, SaveAsAsksForTheFormOfAProductMapOnly) {
-  for (const bool isProduct : {true, false}) {
-    const std::string name = isProduct ? "map.vrl" : "map.gdf";
-    SCOPED_TRACE(name);
-    Editor editor(Answers::InWindows);
-    const CVastrelDoc& document = *editor.Open(editor.WriteMap(name, 3, 3));
-    std::vector<ModalSteps> script;
-    if (isProduct) {
-      script.emplace_back([](QDialog& dialog) {
-        EXPECT_EQ(dialog.windowTitle(), "Version Data");
-        auto* forms = FindControl<QListWidget>(dialog, IDC_DATA_TYPE);
-        ASSERT_TRUE(forms);
-        EXPECT_EQ(forms->accessibleName(), "Data Type");
-        EXPECT_EQ(forms->currentRow(), 0);
-        PressKey(*forms, Qt::Key_Down);
-        Press(dialog, IDOK);
-      });
-    }
-    script.emplace_back([&](QDialog& dialog) { NameFile(dialog, editor.folder / ("new-" + name)); });
-    WhenModals(script);
-    editor.Run(ID_FILE_SAVE_AS);
-    EXPECT_EQ(FormOf(document), isProduct ? FileForm::Binary : FileForm::Text);
-    EXPECT_EQ(document.GetTitle(), "new-" + name);
-    const std::string saved = editor.folder.Read("new-" + name);
-    EXPECT_NE(saved.find(isProduct ? "type=\"binary\"" : "type=\"text\""), saved.npos);
-  }
+TEST(Editing, SaveAsAsksForTheFormOfAProductMap) {
+  Editor editor(Answers::InWindows);
+  const CVastrelDoc& document = *editor.OpenMap(3, 3);
+  WhenModals({[](QDialog& dialog) {
+                auto* forms = FindControl<QListWidget>(dialog, IDC_DATA_TYPE);
+                ASSERT_TRUE(forms) << dialog.windowTitle().toStdString();
+                EXPECT_EQ(forms->accessibleName(), "Data Type");
+                PressKey(*forms, Qt::Key_Down);
+                Press(dialog, IDOK);
+              },
+              [&](QDialog& dialog) { NameFile(dialog, editor.folder / "new.vrl"); }});
+  editor.Run(ID_FILE_SAVE_AS);
+  EXPECT_EQ(document.GetTitle(), "new.vrl");
+  EXPECT_NE(editor.folder.Read("new.vrl").find("type=\"binary\""), std::string::npos);
 }
 
 }  // namespace

@@ -28,21 +28,13 @@ TEST(ScrollPlace, ZoomingKeepsEveryPixelsCell) {
 }
 
 TEST(ScrollPlace, CellsComeIntoSightByTheShortestWay) {
-  struct Row {
-    const char* what;
-    QPoint from, to;
-    CellCoord cell;
-  };
   // At 40 pixels cell (5, 4) lies from (170, 180) to before (214, 220), its ink 2 pixels around.
-  constexpr Row rows[] = {
-      {"in sight already", {100, 100}, {100, 100}, {5, 4}}, {"beyond the right", {0, 100}, {16, 100}, {5, 4}},
-      {"below the bottom", {100, 0}, {100, 72}, {5, 4}},    {"left of it", {169, 100}, {168, 100}, {5, 4}},
-      {"above it", {100, 300}, {100, 178}, {5, 4}},         {"far off", {9000, 9000}, {168, 178}, {5, 4}},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.what);
-    EXPECT_EQ(ScrolledIntoSight({40, row.from}, {200, 150}, row.cell), row.to);
-  }
+  constexpr std::tuple<const char*, QPoint, QPoint> rows[] = {
+      {"in sight already", {100, 100}, {100, 100}}, {"beyond the right", {0, 100}, {16, 100}},
+      {"below the bottom", {100, 0}, {100, 72}},    {"left of it", {169, 100}, {168, 100}},
+      {"above it", {100, 300}, {100, 178}},         {"far off", {9000, 9000}, {168, 178}}};
+  for (const auto& [what, from, to] : rows)
+    EXPECT_EQ(ScrolledIntoSight({40, from}, {200, 150}, {5, 4}), to) << what;
   EXPECT_EQ(ScrolledIntoSight({40, {0, 0}}, {20, 20}, {5, 4}), QPoint(168, 178)) << "a tiny viewport";
 }
 

@@ -31,24 +31,18 @@ TEST(ZoomSteps, GatherTurnsToWholeSteps) {
 }
 
 TEST(ZoomSteps, CellsFollowThePinch) {
-  struct Row {
-    const char* what;
-    float from;
-    std::vector<double> factors;
-    float to;
-  };
-  const Row rows[] = {
-      {"twice as far apart", 20, {1.1, 1.1, 1.7}, 40}, {"half as far", 100, {0.8, 0.625}, 50},
-      {"too little for a step", 50, {1.1, 1.05}, 50},  {"there and back", 50, {1.5, 1.0 / 1.5}, 50},
-      {"over the end and back", 90, {3, 0.9}, 90},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.what);
+  const std::tuple<float, std::vector<double>, float> rows[] = {
+      {20, {1.1, 1.1, 1.7}, 40},
+      {100, {0.8, 0.625}, 50},
+      {50, {1.1, 1.05}, 50},  // too little for a step
+      {50, {1.5, 1.0 / 1.5}, 50},
+      {90, {3, 0.9}, 90}};  // over the end and back
+  for (const auto& [from, factors, to] : rows) {
     ZoomSteps gathered;
-    float cellSizePx = row.from;
-    for (const double factor : row.factors)
+    float cellSizePx = from;
+    for (const double factor : factors)
       cellSizePx = ZoomedCellSize(cellSizePx, gathered.Pinch(factor, cellSizePx));
-    EXPECT_EQ(cellSizePx, row.to);
+    EXPECT_EQ(cellSizePx, to) << from;
   }
 }
 

