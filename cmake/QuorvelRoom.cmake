@@ -21,6 +21,10 @@ if(QUORVEL_SANITIZERS)
   target_link_options(quorvel_options INTERFACE -fsanitize=${QUORVEL_SANITIZERS})
 endif()
 
+# Warnings that look over the border between two sources of a unit; linked last, so that they win.
+add_library(quorvel_unit_options INTERFACE)
+target_compile_options(quorvel_unit_options INTERFACE -Wno-subobject-linkage -Wno-shadow)
+
 # What most sources include, compiled once a target. Sources include what they use all the same: the linter
 # reads them without this.
 set(QUORVEL_HEADERS <algorithm> <functional> <map> <memory> <optional> <string> <string_view> <vector>)
@@ -52,7 +56,7 @@ function(quorvel_units target)
   if(NOT QUORVEL_UNITS)
     return()
   endif()
-  target_compile_options(${target} PRIVATE -Wno-subobject-linkage)  # each .cpp is a main file, if included
+  target_link_libraries(${target} PRIVATE quorvel_unit_options)
   set_target_properties(${target} PROPERTIES UNITY_BUILD ON UNITY_BUILD_MODE GROUP)
   foreach(source ${ARGN})
     get_filename_component(folder ${source} DIRECTORY)
@@ -76,6 +80,7 @@ function(quorvel_tests name)
   target_include_directories(${name}_tests PRIVATE ${CMAKE_SOURCE_DIR} ${CMAKE_BINARY_DIR}/tests)
   target_precompile_headers(${name}_tests PRIVATE
     ${QUORVEL_HEADERS} <filesystem> <sstream> <gmock/gmock.h> <gtest/gtest.h> ${TESTS_HEADERS})
+  quorvel_units(${name}_tests ${sources})
   gtest_discover_tests(${name}_tests DISCOVERY_MODE PRE_TEST
     TEST_PREFIX "${name}." PROPERTIES TIMEOUT 300
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C.UTF-8;TMPDIR=${QUORVEL_TEMP_DIR}")
