@@ -35,11 +35,9 @@ CellFigure CellFigure::Of(CellCoord cell, const CellMetrics& metrics, PixelScale
     figure.body[i] = toDevice(shrunk[i]);
     figure.rim[i] = toDevice(outline[i]);
   }
-  const std::int32_t left = metrics.ColumnLeft(cell.column);
-  const std::int32_t top = metrics.RowTop(cell.column, cell.row);
-  const QPoint labelStart = toDevice({left + 2 * metrics.quarter, top + kLabelInsetPx});
-  const QPoint labelEnd =
-      toDevice({left + metrics.Width() - 2 * metrics.quarter, top + metrics.height - kLabelInsetPx});
+  const CellBounds bounds = metrics.Bounds(cell);
+  const QPoint labelStart = toDevice({bounds.left + 2 * metrics.quarter, bounds.top + kLabelInsetPx});
+  const QPoint labelEnd = toDevice({bounds.right - 2 * metrics.quarter, bounds.bottom - kLabelInsetPx});
   figure.label = QRect(labelStart, QSize(labelEnd.x() - labelStart.x(), labelEnd.y() - labelStart.y()));
   return figure;
 }

@@ -27,10 +27,10 @@ std::optional<MapRect> CellsExtent(const CellGrid& grid, float cellSizePx, CellR
   // The columns' tops and bottoms come in two heights only: those of two neighbouring columns.
   const std::int32_t other = std::min(left + 1, right);
   const CellMetrics metrics = CellMetrics::At(cellSizePx);
-  return MapRect{
-      metrics.ColumnLeft(left), std::min(metrics.RowTop(left, top), metrics.RowTop(other, top)),
-      std::int64_t{metrics.ColumnLeft(right)} + metrics.Width(),
-      std::int64_t{std::max(metrics.RowTop(left, bottom), metrics.RowTop(other, bottom))} + metrics.height};
+  return MapRect{metrics.Bounds({left, top}).left,
+                 std::min(metrics.Bounds({left, top}).top, metrics.Bounds({other, top}).top),
+                 metrics.Bounds({right, top}).right,
+                 std::max(metrics.Bounds({left, bottom}).bottom, metrics.Bounds({other, bottom}).bottom)};
 }
 
 }  // namespace quorvel

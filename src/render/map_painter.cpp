@@ -207,13 +207,10 @@ void MapPainter::ForgetLabels() {
 }
 
 MapRect CellInk(const MapLook& look, CellCoord cell) {
-  const CellMetrics metrics = CellMetrics::At(look.cellSizePx);
+  const CellBounds bounds = CellMetrics::At(look.cellSizePx).Bounds(cell);
   const PixelScale scale{look.pixelRatio};
-  const std::int64_t left = metrics.ColumnLeft(cell.column);
-  const std::int64_t top = metrics.RowTop(cell.column, cell.row);
-  return {scale.At(left - kInkBeyondBoundsPx), scale.At(top - kInkBeyondBoundsPx),
-          scale.At(left + metrics.Width() + kInkBeyondBoundsPx),
-          scale.At(top + metrics.height + kInkBeyondBoundsPx)};
+  return {scale.At(bounds.left - kInkBeyondBoundsPx), scale.At(bounds.top - kInkBeyondBoundsPx),
+          scale.At(bounds.right + kInkBeyondBoundsPx), scale.At(bounds.bottom + kInkBeyondBoundsPx)};
 }
 
 }  // namespace quorvel

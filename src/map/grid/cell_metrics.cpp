@@ -21,6 +21,12 @@ CellMetrics CellMetrics::At(float cellSize) {
           .quarter = Truncated(cellSize, kQuarterPerSize)};
 }
 
+CellBounds CellMetrics::Bounds(CellCoord cell) const {
+  const std::int32_t left = ColumnLeft(cell.column);
+  const std::int32_t top = RowTop(cell.column, cell.row);
+  return {left, top, left + Width(), top + height};
+}
+
 CellPolygon CellMetrics::Outline(CellCoord cell) const {
   const std::int32_t left = ColumnLeft(cell.column);
   const std::int32_t right = left + columnStep;

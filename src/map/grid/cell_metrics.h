@@ -15,6 +15,12 @@ struct PixelPoint {
   friend bool operator==(const PixelPoint&, const PixelPoint&) = default;
 };
 
+/// From a cell's left tip to its right one, and a cell's height; right and bottom are exclusive. At odd sizes
+/// the outline ends a pixel above the bottom.
+struct CellBounds {
+  std::int32_t left, top, right, bottom;
+};
+
 /// Outline of a cell: its six corners counter-clockwise from the right tip (right tip, right and left end of
 /// the top edge, left tip, left and right end of the bottom edge), then its centre.
 using CellPolygon = std::array<PixelPoint, 7>;
@@ -40,6 +46,7 @@ struct CellMetrics {
   /// Left tip to right tip.
   std::int32_t Width() const { return columnStep + 2 * quarter; }
 
+  CellBounds Bounds(CellCoord cell) const;
   CellPolygon Outline(CellCoord cell) const;
 };
 

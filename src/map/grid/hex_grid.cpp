@@ -168,13 +168,11 @@ bool CellGrid::GetCellPolygon(float cellSize, CellCoord cell, CellPolygon& point
 bool CellGrid::GetCellBounds(float cellSize, CellCoord cell, std::int32_t* left, std::int32_t* top,
                              std::int32_t* right, std::int32_t* bottom) const {
   if (!IsValid(cell)) return false;
-  const CellMetrics metrics = CellMetrics::At(cellSize);
-  const std::int32_t cellLeft = metrics.ColumnLeft(cell.column);
-  const std::int32_t cellTop = metrics.RowTop(cell.column, cell.row);
-  if (left != nullptr) *left = cellLeft;
-  if (top != nullptr) *top = cellTop;
-  if (right != nullptr) *right = cellLeft + metrics.Width();
-  if (bottom != nullptr) *bottom = cellTop + metrics.height;
+  const CellBounds bounds = CellMetrics::At(cellSize).Bounds(cell);
+  if (left) *left = bounds.left;
+  if (top) *top = bounds.top;
+  if (right) *right = bounds.right;
+  if (bottom) *bottom = bounds.bottom;
   return true;
 }
 

@@ -75,8 +75,8 @@ class CellGrid {
 
   /// The outline of a cell at `cellSize` pixels; false and nothing filled for a cell outside the grid.
   bool GetCellPolygon(float cellSize, CellCoord cell, CellPolygon& points) const;
-  /// The sides asked for (non-null) of a cell's bounding rectangle, from tip to tip; at odd sizes it ends a
-  /// pixel below the outline. False and nothing filled for a cell outside the grid.
+  /// The sides asked for (non-null) of a cell's bounding rectangle (CellMetrics). False and nothing filled
+  /// for a cell outside the grid.
   bool GetCellBounds(float cellSize, CellCoord cell, std::int32_t* left, std::int32_t* top,
                      std::int32_t* right, std::int32_t* bottom) const;
   /// The cell that owns map pixel (x, y), or (-1, -1). Each column owns a strip that begins half way into its

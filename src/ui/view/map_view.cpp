@@ -193,9 +193,9 @@ CellCoord CMapView::CellAt(QPoint viewportPoint) const {
 }
 
 QRect CMapView::CellRect(CellCoord cell) const {
-  const CellMetrics metrics = CellMetrics::At(m_fCellSize);
-  const QPoint corner(metrics.ColumnLeft(cell.column), metrics.RowTop(cell.column, cell.row));
-  return {corner - ScrollPosition(), QSize(metrics.Width(), metrics.height)};
+  const CellBounds bounds = CellMetrics::At(m_fCellSize).Bounds(cell);
+  const QSize size(bounds.right - bounds.left, bounds.bottom - bounds.top);
+  return {QPoint(bounds.left, bounds.top) - ScrollPosition(), size};
 }
 
 void CMapView::UpdateCurrentCell() {

@@ -47,13 +47,12 @@ QPoint ScrolledThroughZoom(const CellGrid& grid, const ScrollPlace& before, QPoi
 }
 
 QPoint ScrolledIntoSight(const ScrollPlace& before, QSize viewport, CellCoord cell) {
-  const CellMetrics metrics = CellMetrics::At(before.cellSizePx);
-  const int left = metrics.ColumnLeft(cell.column) - kInkBeyondBoundsPx;
-  const int top = metrics.RowTop(cell.column, cell.row) - kInkBeyondBoundsPx;
-  const int right = left + metrics.Width() + 2 * kInkBeyondBoundsPx;
-  const int bottom = top + metrics.height + 2 * kInkBeyondBoundsPx;
-  return {Reached(before.position.x(), viewport.width(), left, right),
-          Reached(before.position.y(), viewport.height(), top, bottom)};
+  const CellBounds bounds = CellMetrics::At(before.cellSizePx).Bounds(cell);
+  const auto reached = [](int position, int shown, int low, int high) {
+    return Reached(position, shown, low - kInkBeyondBoundsPx, high + kInkBeyondBoundsPx);
+  };
+  return {reached(before.position.x(), viewport.width(), bounds.left, bounds.right),
+          reached(before.position.y(), viewport.height(), bounds.top, bounds.bottom)};
 }
 
 }  // namespace quorvel
