@@ -82,6 +82,14 @@ class RenderCommand : public Command {
     app.add_flag_callback(
         "--no-labels", [this] { request_.labels = Labels::Hidden; }, "Draw no values into the cells");
     app.add_option_function<std::string>(
+           "--ground",
+           [this](const std::string& answer) {
+             request_.ground = answer == "on" ? Ground::Shown : Ground::Hidden;
+           },
+           "Draw what lies under the cells and around them: on if not given for a PNG, off for a PDF")
+        ->option_text("on|off")
+        ->check(CLI::IsMember({"on", "off"}));
+    app.add_option_function<std::string>(
            "--cells", [this](const std::string& text) { request_.cells = ParseCells(text); },
            "Draw only these cells: the corners' columns and rows")
         ->option_text("C0,R0,C1,R1");

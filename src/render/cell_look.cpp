@@ -12,10 +12,10 @@ namespace quorvel {
 namespace {
 
 /// A quarter of the colour stays: enough to tell cells apart, little enough to step back.
-QRgb Faded(QRgb colour) {
+QRgb Faded(QRgb colour, QRgb background) {
   const auto mix = [](int own, int ground) { return (own + 3 * ground) / 4; };
-  return qRgb(mix(qRed(colour), qRed(kMapBackground)), mix(qGreen(colour), qGreen(kMapBackground)),
-              mix(qBlue(colour), qBlue(kMapBackground)));
+  return qRgb(mix(qRed(colour), qRed(background)), mix(qGreen(colour), qGreen(background)),
+              mix(qBlue(colour), qBlue(background)));
 }
 
 /// Laying out a text takes time by its length; of a longer line no more could be seen.
@@ -27,7 +27,7 @@ CellColours CellColours::Of(const MapLook& look, const CellRecord& record) {
   const QRgb pen = MappedColour(look.outlineMember, record);
   const QRgb fill = look.fillMember == look.outlineMember ? pen : MappedColour(look.fillMember, record);
   if (!look.filter || look.filter(record)) return {pen, fill, false};
-  return {Faded(pen), Faded(fill), true};
+  return {Faded(pen, look.Background()), Faded(fill, look.Background()), true};
 }
 
 QStringList LabelLines(const MemberDef& member, const CellRecord& record) {

@@ -8,7 +8,8 @@
 
 namespace quorvel {
 
-/// The colours of a cell that has a record. A cell that the filter fails is faded and bears no label.
+/// The colours of a cell that has a record. A cell that the filter fails is faded into the background
+/// and bears no label.
 struct CellColours {
   QRgb pen = 0xff000000;
   QRgb fill = 0xff000000;

@@ -15,11 +15,15 @@ struct CellRecord;
 using CellFilter = std::function<bool(const CellRecord&)>;
 
 enum class Labels { Hidden, Shown };
+/// What lies under the cells, background and margins. Where it is hidden, as on paper, they lie on white.
+enum class Ground { Hidden, Shown };
 
 /// Shown where a cell has no record.
 constexpr QRgb kMapBackground = 0xff2b303b;
 /// Shown where the outermost cells' slants and the half-cell steps leave the map's edge open, and beyond it.
 constexpr QRgb kMapMargin = 0xff000000;
+/// Shown in place of both where the ground is hidden.
+constexpr QRgb kPaperWhite = 0xffffffff;
 
 /// How a map is to be shown.
 struct MapLook {
@@ -29,8 +33,12 @@ struct MapLook {
   const MemberDef* outlineMember = nullptr;
   const MemberDef* fillMember = nullptr;
   Labels labels = Labels::Shown;
+  Ground ground = Ground::Shown;
   CellFilter filter;      ///< empty: every cell is shown as usual
   CellCoord currentCell;  ///< has an inverted rim; (-1, -1): no cell has
+
+  QRgb Background() const { return ground == Ground::Shown ? kMapBackground : kPaperWhite; }
+  QRgb Margin() const { return ground == Ground::Shown ? kMapMargin : kPaperWhite; }
 };
 
 }  // namespace quorvel

@@ -112,9 +112,9 @@ void Pass::EraseTo(std::int64_t bottom) {
   };
   const MapRect next = {part_.left, erasedTo_, part_.right, std::min(bottom, part_.bottom)};
   if (next.IsEmpty()) return;
-  if (showsBackground_) fill(next, kMapBackground);
+  if (showsBackground_) fill(next, look_.Background());
   for (const MapRect& margin : Margins(*map_.m_pGrid, shapes_.Metrics(), shapes_.Scale(), next))
-    fill(margin, kMapMargin);
+    fill(margin, look_.Margin());
   erasedTo_ = next.bottom;
 }
 

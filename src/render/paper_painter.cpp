@@ -108,9 +108,9 @@ void Sheet::DrawAsPixels(const AfterRow& afterRow) {
 }
 
 void Sheet::DrawGround() {
-  painter_.fillRect(OnPaper(part_), QColor(kMapBackground));
+  painter_.fillRect(OnPaper(part_), QColor(look_.Background()));
   for (const MapRect& margin : Margins(*map_.m_pGrid, metrics_, kPaperScale, part_)) {
-    if (!margin.IsEmpty()) painter_.fillRect(OnPaper(margin), QColor(kMapMargin));
+    if (!margin.IsEmpty()) painter_.fillRect(OnPaper(margin), QColor(look_.Margin()));
   }
 }
 
@@ -156,7 +156,7 @@ void Sheet::DrawInvertedCells() {
   });
 }
 
-/// What a window shows in the cell's inverted pixels, and nothing beside them.
+/// What a window with this ground shows in the cell's inverted pixels, and nothing beside them.
 void Sheet::DrawInverted(CellCoord cell) {
   const CellFigure figure = CellFigure::Of(cell, metrics_, kPaperScale);
   QImage mask = cell == look_.currentCell ? plain_.RimMask(figure) : plain_.MarkMask(figure);
@@ -186,7 +186,7 @@ void PaintOnPaper(QPainter& painter, const MapContents& map, const MapLook& look
   if (sheet.IsTooMuchToDraw()) {
     sheet.DrawAsPixels(afterRow);
   } else {
-    sheet.DrawGround();
+    if (look.ground == Ground::Shown) sheet.DrawGround();
     sheet.DrawCells(afterRow);
     sheet.DrawInvertedCells();
   }

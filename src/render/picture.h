@@ -13,12 +13,13 @@ namespace quorvel {
 class Feedback;
 struct MapContents;
 
-/// What a picture file is to show. One picture pixel a map pixel; marks and margins as in a window.
+/// What a picture file is to show. One picture pixel a map pixel; marks as in a window.
 struct PictureRequest {
   float cellSizePx = 100;     ///< 10 to 100
   std::string outlineMember;  ///< names of index members of the cell class; any other name, such as none,
   std::string fillMember;     ///< stands for the first index member
   Labels labels = Labels::Shown;
+  std::optional<Ground> ground;    ///< none: shown in a PNG, hidden in a PDF
   std::optional<CellRange> cells;  ///< none: the whole map
   CellFilter filter;               ///< empty: every cell is shown as usual
 };

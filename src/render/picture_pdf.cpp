@@ -13,6 +13,7 @@
 namespace quorvel {
 namespace {
 
+constexpr PictureKind kPdf = {kMaxPdfSidePx, Ground::Hidden};
 constexpr int kDotsPerInch = 1200;
 constexpr int kPointsPerInch = 72;
 
@@ -28,7 +29,7 @@ QSizeF PageSizePoints(const MapRect& part) {
 
 bool RenderPdf(const MapContents& map, const PictureRequest& request, std::streambuf& out, Feedback& feedback,
                std::string& errorText) {
-  const auto plan = PicturePlan::For(map, request, kMaxPdfSidePx, errorText);
+  const auto plan = PicturePlan::For(map, request, kPdf, errorText);
   if (!plan) return false;
   PictureProgress progress(feedback);
   StreamDevice device(out);
@@ -38,7 +39,8 @@ bool RenderPdf(const MapContents& map, const PictureRequest& request, std::strea
   writer.setPageSize(QPageSize(PageSizePoints(plan->part), QPageSize::Point, {}, QPageSize::ExactMatch));
   writer.setPageMargins(QMarginsF());
   QPainter painter(&writer);
-  painter.fillRect(0, 0, writer.width(), writer.height(), QColor(kMapMargin));
+  if (plan->look.ground == Ground::Shown)
+    painter.fillRect(0, 0, writer.width(), writer.height(), QColor(kMapMargin));
   PaintOnPaper(painter, map, plan->look, plan->part,
                [&progress](std::int64_t done, std::int64_t all) { progress.Report(done, all); });
   return painter.end() && device.IsGood();

@@ -21,7 +21,7 @@ std::optional<MapRect> PartOf(const CellGrid& grid, const PictureRequest& reques
   return part;
 }
 
-MapLook LookOf(const MapContents& map, const PictureRequest& request) {
+MapLook LookOf(const MapContents& map, const PictureRequest& request, const PictureKind& kind) {
   std::string outlineMember = request.outlineMember;
   std::string fillMember = request.fillMember;
   MapLook look;
@@ -29,6 +29,7 @@ MapLook LookOf(const MapContents& map, const PictureRequest& request) {
   look.outlineMember = SelectIndexMember(map.m_pCellClass, outlineMember, 0);
   look.fillMember = SelectIndexMember(map.m_pCellClass, fillMember, 0);
   look.labels = request.labels;
+  look.ground = request.ground.value_or(kind.usualGround);
   look.filter = request.filter;
   return look;
 }
@@ -36,19 +37,19 @@ MapLook LookOf(const MapContents& map, const PictureRequest& request) {
 }  // namespace
 
 std::optional<PicturePlan> PicturePlan::For(const MapContents& map, const PictureRequest& request,
-                                            std::int64_t maxSidePx, std::string& errorText) {
+                                            const PictureKind& kind, std::string& errorText) {
   if (map.m_pGrid == nullptr) {
     errorText += "There is no map to draw.\n";
     return std::nullopt;
   }
   const auto part = PartOf(*map.m_pGrid, request, errorText);
   if (!part) return std::nullopt;
-  if (std::max(part->Width(), part->Height()) > maxSidePx) {
+  if (std::max(part->Width(), part->Height()) > kind.maxSidePx) {
     errorText += fmt::format("The picture would be {} by {} pixels; the limit is {} a side.\n", part->Width(),
                              part->Height(), maxSidePx);
     return std::nullopt;
   }
-  return PicturePlan{LookOf(map, request), *part};
+  return PicturePlan{LookOf(map, request, kind), *part};
 }
 
 }  // namespace quorvel

@@ -10,15 +10,21 @@
 
 namespace quorvel {
 
+/// What pictures of one file format have in common.
+struct PictureKind {
+  std::int64_t maxSidePx;
+  Ground usualGround;  ///< where the request asks for neither
+};
+
 /// What a request comes to on a map.
 struct PicturePlan {
   MapLook look;
   MapRect part;
 
   /// None when there is no grid, when the cells are not on it, or when a side would be longer than
-  /// `maxSidePx`: a line of the error text says why.
+  /// the kind allows: a line of the error text says why.
   static std::optional<PicturePlan> For(const MapContents& map, const PictureRequest& request,
-                                        std::int64_t maxSidePx, std::string& errorText);
+                                        const PictureKind& kind, std::string& errorText);
 };
 
 /// The progress bar and the wait cursor are shown during its life.

@@ -12,6 +12,8 @@
 namespace quorvel {
 namespace {
 
+constexpr PictureKind kPng = {kMaxPictureSidePx, Ground::Shown};
+
 /// Painted at once, then written. The larger a band, the fewer cells are painted in two.
 constexpr std::int64_t kPictureBandBytes = 64'000'000;
 
@@ -19,7 +21,7 @@ constexpr std::int64_t kPictureBandBytes = 64'000'000;
 
 bool RenderPng(const MapContents& map, const PictureRequest& request, std::streambuf& out, Feedback& feedback,
                std::string& errorText) {
-  const auto plan = PicturePlan::For(map, request, kMaxPictureSidePx, errorText);
+  const auto plan = PicturePlan::For(map, request, kPng, errorText);
   if (!plan) return false;
   const MapRect& part = plan->part;
   const std::int64_t bandRows =

@@ -38,6 +38,8 @@ TEST(Render, DrawsTheMapOrAPartOfIt) {
   ASSERT_EQ(RunMapTool({"render", "--cell-size", "40", "--no-labels", map, out}).code, 0);
   EXPECT_NE(ReadBytes(out), whole);
   EXPECT_EQ(RunMapTool({"render", "--cell-size", "40", map, "-"}).out, whole);
+  EXPECT_EQ(RunMapTool({"render", "--cell-size", "40", "--ground", "on", map, "-"}).out, whole);
+  EXPECT_NE(RunMapTool({"render", "--cell-size", "40", "--ground", "off", map, "-"}).out, whole);
   ASSERT_EQ(RunMapTool({"render", map, folder / "out.PDF"}).code, 0);
   EXPECT_THAT(ReadBytes(folder / "out.PDF"), StartsWith("%PDF-"));
 }

@@ -34,8 +34,8 @@ TEST(Usage, WrongArgumentsAreTroubleOnStandardError) {
     rows.push_back(std::string("new --seed ") + seed + " out.vrl");
   for (const char* size : {"9", "101", "abc"})
     rows.push_back(std::string("render --cell-size ") + size + kFiles);
-  for (const char* cells : {"1,2,3", "1,2,3,x"})
-    rows.push_back(std::string("render --cells ") + cells + kFiles);
+  for (const char* options : {"--cells 1,2,3", "--cells 1,2,3,x", "--ground grey"})
+    rows.push_back(std::string("render ") + options + kFiles);
   for (const std::string& line : rows) {
     SCOPED_TRACE(line);
     const ToolRun run = RunMapTool(Words(line));

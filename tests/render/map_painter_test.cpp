@@ -42,11 +42,12 @@ QImage PaintPlainly(const MapContents& map, const MapLook& look) {
   const CellGrid& grid = *map.m_pGrid;
   QImage frame = EmptyFrame(grid, look);
   QPainter painter(&frame);
-  painter.fillRect(frame.rect(), QColor(kMapBackground));
-  painter.fillRect(0, 0, toDevice(2 * metrics.quarter + 1), frame.height(), Qt::black);
-  painter.fillRect(0, 0, frame.width(), toDevice(metrics.half + 1), Qt::black);
-  painter.fillRect(toDevice(grid.Width() * metrics.columnStep), 0, frame.width(), frame.height(), Qt::black);
-  painter.fillRect(0, toDevice(grid.Height() * metrics.height), frame.width(), frame.height(), Qt::black);
+  painter.fillRect(frame.rect(), QColor(look.Background()));
+  const QColor margin(look.Margin());
+  painter.fillRect(0, 0, toDevice(2 * metrics.quarter + 1), frame.height(), margin);
+  painter.fillRect(0, 0, frame.width(), toDevice(metrics.half + 1), margin);
+  painter.fillRect(toDevice(grid.Width() * metrics.columnStep), 0, frame.width(), frame.height(), margin);
+  painter.fillRect(0, toDevice(grid.Height() * metrics.height), frame.width(), frame.height(), margin);
   const PlainPainter plain(scale);
   for (int index = 0; index < grid.CellCount(); ++index) {
     const CellCoord cell = grid.CoordOf(index);
@@ -105,6 +106,7 @@ TEST(MapPainter, ShowsEveryKindOfLookAsThePlainPainterDoes) {
   constexpr std::pair<const char*, void (*)(MapLook&)> rows[] = {
       {"no colours", [](MapLook& look) { look.fillMember = look.outlineMember = nullptr; }},
       {"no labels", [](MapLook& look) { look.labels = Labels::Hidden; }},
+      {"no ground", [](MapLook& look) { look.ground = Ground::Hidden; }},
       {"filtered",
        [](MapLook& look) { look.filter = [](const CellRecord& cell) { return cell.index % 3 != 0; }; }},
       {"current cell without record or at the edge",

@@ -114,7 +114,9 @@ TEST(RenderPdf, ShowsCellsAndInvertedCellsOnOnePage) {
   if (QStandardPaths::findExecutable("pdftoppm").isEmpty()) GTEST_SKIP() << "needs pdftoppm";
   MapContents map = MakeGalaxy(6, 4);
   const QImage page = DrawnPage(Rendered(RenderPdf, map, RequestOf(60)));
-  const QImage shown = Painted(map, LookAt(map, 60), MapExtent(*map.m_pGrid, 60));
+  MapLook look = LookAt(map, 60);
+  look.ground = Ground::Hidden;
+  const QImage shown = Painted(map, look, MapExtent(*map.m_pGrid, 60));
   ASSERT_GE(page.width(), shown.width());
   EXPECT_LE(page.width(), shown.width() + 18) << "less than a point more, as pages are whole points";
   ASSERT_GE(page.height(), shown.height());
@@ -128,6 +130,20 @@ TEST(RenderPdf, ShowsCellsAndInvertedCellsOnOnePage) {
                     metrics.RowTop(cell.column, cell.row) + 26);
     EXPECT_EQ(page.pixelColor(at), shown.pixelColor(at)) << "cell " << index;
   }
+  EXPECT_EQ(page.pixel(0, 0), kPaperWhite);
+  EXPECT_EQ(page.pixel(page.width() - 1, page.height() - 1), kPaperWhite);
+}
+
+TEST(RenderPicture, DrawsTheGroundWhereItIsAskedTo) {
+  const MapContents map = MakeGalaxy(10, 5);
+  PictureRequest request = RequestOf(40);
+  request.ground = Ground::Hidden;
+  MapLook look = LookAt(map, 40);
+  look.ground = Ground::Hidden;
+  EXPECT_EQ(ReadPng(Rendered(RenderPng, map, request)), Painted(map, look, MapExtent(*map.m_pGrid, 40)));
+  const std::string alone = Rendered(RenderPdf, map, request);
+  request.ground = Ground::Shown;
+  EXPECT_GT(Rendered(RenderPdf, map, request).size(), alone.size());
 }
 
 /// Too much to hold in memory as lines and texts: pixels, in two bands of 16 MB.

@@ -27,6 +27,13 @@ namespace {
 constexpr char kPdfSuffix[] = ".pdf";
 constexpr int kStepsPerPage = 100;
 
+/// Cells alone: the paper is the ground.
+MapLook LookOnPaper(CMapView& view) {
+  MapLook look = view.Look();
+  look.ground = Ground::Hidden;
+  return look;
+}
+
 PageTiles TilesOf(const QPrinter& printer, CMapView& view) {
   const CVastrelDoc* document = view.Document();
   const MapRect extent =
@@ -52,7 +59,7 @@ bool PaintPages(QPrinter& printer, CMapView& view, const PageProgress& progress)
   const CVastrelDoc* document = view.Document();
   if (!document || !document->m_pGrid) return false;
   const PageTiles tiles = TilesOf(printer, view);
-  const MapLook look = view.Look();
+  const MapLook look = LookOnPaper(view);
   printer.setDocName(DisplayText(document->GetTitle()));
 
   QPainter painter;
@@ -71,12 +78,12 @@ bool PaintPages(QPrinter& printer, CMapView& view, const PageProgress& progress)
 /// Paints pages for the screen. Labels that are too small to be read there are left out.
 PagePaint PreviewPaint(const QPrinter& printer, CMapView& view) {
   constexpr double kSmallestReadableScale = 0.3;
-  return
-      [tiles = TilesOf(printer, view), look = view.Look(), &view](QPainter& painter, int page, double scale) {
-        MapLook shown = look;
-        if (scale < kSmallestReadableScale) shown.labels = Labels::Hidden;
-        PaintOnPaper(painter, *view.Document(), shown, tiles.Tile(page));
-      };
+  return [tiles = TilesOf(printer, view), look = LookOnPaper(view), &view](QPainter& painter, int page,
+                                                                           double scale) {
+    MapLook shown = look;
+    if (scale < kSmallestReadableScale) shown.labels = Labels::Hidden;
+    PaintOnPaper(painter, *view.Document(), shown, tiles.Tile(page));
+  };
 }
 
 }  // namespace
