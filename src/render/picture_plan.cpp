@@ -46,7 +46,7 @@ std::optional<PicturePlan> PicturePlan::For(const MapContents& map, const Pictur
   if (!part) return std::nullopt;
   if (std::max(part->Width(), part->Height()) > kind.maxSidePx) {
     errorText += fmt::format("The picture would be {} by {} pixels; the limit is {} a side.\n", part->Width(),
-                             part->Height(), maxSidePx);
+                             part->Height(), kind.maxSidePx);
     return std::nullopt;
   }
   return PicturePlan{LookOf(map, request, kind), *part};

@@ -16,6 +16,7 @@
 #include "render/display_text.h"
 #include "render/map_extent.h"
 #include "render/paper_painter.h"
+#include "render/scaled_picture.h"
 #include "ui/printing/page_tiles.h"
 #include "ui/printing/print_preview.h"
 #include "ui/printing/whole_pdf.h"
@@ -75,14 +76,13 @@ bool PaintPages(QPrinter& printer, CMapView& view, const PageProgress& progress)
   return painter.end();
 }
 
-/// Paints pages for the screen. Labels that are too small to be read there are left out.
-PagePaint PreviewPaint(const QPrinter& printer, CMapView& view) {
+/// Pages for the screen. Labels that are too small to be read there are left out.
+PagePicture PreviewPicture(const QPrinter& printer, CMapView& view) {
   constexpr double kSmallestReadableScale = 0.3;
-  return [tiles = TilesOf(printer, view), look = LookOnPaper(view), &view](QPainter& painter, int page,
-                                                                           double scale) {
+  return [tiles = TilesOf(printer, view), look = LookOnPaper(view), &view](int page, double scale) {
     MapLook shown = look;
     if (scale < kSmallestReadableScale) shown.labels = Labels::Hidden;
-    PaintOnPaper(painter, *view.Document(), shown, tiles.Tile(page));
+    return ScaledPicture(*view.Document(), shown, tiles.Tile(page), scale);
   };
 }
 
@@ -112,7 +112,7 @@ void MapPrinting::Print(CMapView& view) {
 void MapPrinting::Preview(CMapView& view) {
   const QPrinter& printer = Printer();
   auto* pages = new PaperView(printer.pageLayout(), printer.resolution(), CountPages(printer, view),
-                              PreviewPaint(printer, view));
+                              PreviewPicture(printer, view));
   PrintPreview preview(pages, &view);
   preview.resize(view.window()->size());
   if (preview.exec() == QDialog::Accepted) Print(view);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include <QGuiApplication>
 #include <QPaintEvent>
 #include <QPainter>
 
@@ -14,8 +15,8 @@ constexpr int kGapPx = 16;
 
 }  // namespace
 
-PaperView::PaperView(const QPageLayout& paper, int dotsPerInch, int pageCount, PagePaint paint)
-    : paper_(paper), dotsPerInch_(dotsPerInch), pageCount_(pageCount), paint_(std::move(paint)) {
+PaperView::PaperView(const QPageLayout& paper, int dotsPerInch, int pageCount, PagePicture picture)
+    : paper_(paper), dotsPerInch_(dotsPerInch), pageCount_(pageCount), picture_(std::move(picture)) {
   setAccessibleName(tr("Pages"));
 }
 
@@ -64,12 +65,11 @@ QImage PaperView::Draw(int page) const {
   const double ratio = devicePixelRatioF();
   QImage sheet((QSizeF(SheetSize()) * ratio).toSize(), QImage::Format_RGB32);
   sheet.fill(Qt::white);
-  QPainter painter(&sheet);
-  painter.setRenderHints(QPainter::Antialiasing | QPainter::SmoothPixmapTransform);
-  painter.scale(scale_ * ratio, scale_ * ratio);
-  painter.translate(paper_.paintRectPixels(dotsPerInch_).topLeft());
-  paint_(painter, page, scale_ * ratio);
-  painter.end();
+  const double scale = scale_ * ratio;
+  const QPointF corner = QPointF(paper_.paintRectPixels(dotsPerInch_).topLeft()) * scale;
+  QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  QPainter(&sheet).drawImage(corner.toPoint(), picture_(page, scale));
+  QGuiApplication::restoreOverrideCursor();
   sheet.setDevicePixelRatio(ratio);
   return sheet;
 }

@@ -9,17 +9,16 @@
 
 namespace quorvel {
 
-/// Paints page `page`, from 0, at the painter's origin, in the printer's pixels. `scale` is how large one of
-/// them is on the screen.
-using PagePaint = std::function<void(QPainter& painter, int page, double scale)>;
+/// What is printed on page `page`, from 0, `scale` pixels of the screen for each of the printer's.
+using PagePicture = std::function<QImage(int page, double scale)>;
 
 /// One sheet of paper, or two side by side, as they will come out of the printer. Draws a page when it is
-/// first shown.
+/// first shown, under the wait cursor.
 class PaperView : public QWidget {
   Q_OBJECT
  public:
   /// `paper` is the printer's, with `dotsPerInch` pixels.
-  PaperView(const QPageLayout& paper, int dotsPerInch, int pageCount, PagePaint paint);
+  PaperView(const QPageLayout& paper, int dotsPerInch, int pageCount, PagePicture picture);
 
   int FirstPage() const { return firstPage_; }
   int LastPage() const;
@@ -44,7 +43,7 @@ class PaperView : public QWidget {
   QPageLayout paper_;
   int dotsPerInch_;
   int pageCount_;
-  PagePaint paint_;
+  PagePicture picture_;
   int firstPage_ = 0;
   bool showsTwo_ = false;
   double scale_ = 0.1;  // logical screen pixels a printer's pixel

@@ -82,6 +82,15 @@ TEST(DirectPrinting, SaysWhyNotAndLeavesNothingBehind) {
   EXPECT_TRUE(editor.folder.Read("new.PDF").starts_with("%PDF"));
 }
 
+bool ShowsColour(const QImage& image, QRgb colour) {
+  for (int y = 0; y < image.height(); ++y) {
+    for (int x = 0; x < image.width(); ++x) {
+      if (image.pixel(x, y) == colour) return true;
+    }
+  }
+  return false;
+}
+
 TEST(PrintPreview, CountsThePagesAndTurnsThem) {
   Editor editor;
   ASSERT_TRUE(editor.OpenMap(120, 3));  // 10,349 pixels wide: more than A4 has at 1200 dots an inch
@@ -96,6 +105,7 @@ TEST(PrintPreview, CountsThePagesAndTurnsThem) {
     const auto* pages = preview.findChild<PaperView*>();
     const auto shot = [pages] { return const_cast<PaperView*>(pages)->grab().toImage(); };
     const QImage first = shot();
+    EXPECT_FALSE(ShowsColour(first, kMapMargin)) << "cells alone, without the window's ground";
     EXPECT_EQ(press("&Next Page"), "Page 2 of 2");
     EXPECT_NE(shot(), first) << "the second page has the rest";
     QTest::keyClick(&preview, Qt::Key_PageUp);
