@@ -46,8 +46,11 @@ struct Streams {
   std::string in, out, err;
 };
 
-pid_t Start(const std::vector<std::string>& arguments, const RunSettings& settings, const Streams& streams) {
-  std::vector<std::string> words = {QUORVEL_BIN_DIR "/quorvel-map"};
+constexpr char kMapTool[] = QUORVEL_BIN_DIR "/quorvel-map";
+
+pid_t Start(const std::string& program, const std::vector<std::string>& arguments,
+            const RunSettings& settings, const Streams& streams) {
+  std::vector<std::string> words = {program};
   words.insert(words.end(), arguments.begin(), arguments.end());
   std::vector<std::string> environment = settings.environment;
   const std::vector<char*> argv = Pointers(words);
@@ -84,14 +87,19 @@ ToolRun WaitForTool(pid_t process) {
   return run;
 }
 
-ToolRun RunMapTool(const std::vector<std::string>& arguments, const RunSettings& settings) {
+ToolRun RunProgram(const std::string& program, const std::vector<std::string>& arguments,
+                   const RunSettings& settings) {
   const TempFolder folder;
   const std::string outPath = settings.outPath.empty() ? folder / "out" : settings.outPath;
   const Streams streams{folder.Write("in", settings.input), outPath, folder / "err"};
-  ToolRun run = WaitForTool(Start(arguments, settings, streams));
+  ToolRun run = WaitForTool(Start(program, arguments, settings, streams));
   if (settings.outPath.empty()) run.out = ReadBytes(outPath);
   run.err = ReadBytes(streams.err);
   return run;
+}
+
+ToolRun RunMapTool(const std::vector<std::string>& arguments, const RunSettings& settings) {
+  return RunProgram(kMapTool, arguments, settings);
 }
 
 ToolRun RunOn(const std::string& input, const std::vector<std::string>& arguments) {
@@ -101,7 +109,7 @@ ToolRun RunOn(const std::string& input, const std::vector<std::string>& argument
 }
 
 pid_t StartMapTool(const std::vector<std::string>& arguments) {
-  return Start(arguments, {}, {"/dev/null", "/dev/null", "/dev/null"});
+  return Start(kMapTool, arguments, {}, {"/dev/null", "/dev/null", "/dev/null"});
 }
 
 }  // namespace quorvel

@@ -24,13 +24,18 @@ struct ToolRun {
 };
 
 struct RunSettings {
-  std::string input;                     ///< standard input
-  std::string outPath;                   ///< where standard output goes instead of into ToolRun::out
-  std::string folder;                    ///< working folder
-  std::vector<std::string> environment;  ///< "NAME=value" beside the usual ones
+  std::string input;    ///< standard input
+  std::string outPath;  ///< where standard output goes instead of into ToolRun::out
+  std::string folder;   ///< working folder
+  /// "NAME=value" beside the usual ones; "NAME" alone takes one away.
+  std::vector<std::string> environment;
   std::size_t memoryBytes = 0;  ///< address space the program may take; 0, or under the sanitizer: no limit
   bool closeStreams = false;    ///< runs with all three standard streams closed
 };
+
+/// Runs a program to its end; `program` is its path.
+ToolRun RunProgram(const std::string& program, const std::vector<std::string>& arguments,
+                   const RunSettings& settings = {});
 
 /// Runs build/.../bin/quorvel-map to its end.
 ToolRun RunMapTool(const std::vector<std::string>& arguments, const RunSettings& settings = {});
