@@ -9,6 +9,8 @@ namespace quorvel {
 
 namespace {
 
+constexpr int kWrongUsage = 2;
+
 /// What the library says, with the arguments in it as a terminal can show them.
 std::string FailureMessage(const CLI::App* program, const CLI::Error& error) {
   return CLI::FailureMessage::simple(
@@ -23,13 +25,15 @@ CommandLineResult ParseCommandLine(int argc, const char* const* argv) {
   CLI::App program("Edits hexagonal galaxy maps (.vrl, .gdf).", "quorvel");
   program.failure_message(&FailureMessage);
   program.set_version_flag("--version", std::string(kProductName) + " " + kFileVersion);
-  program.add_option("FILE", info.m_files, "Maps to open; with none, no map is opened");
+  auto* files = program.add_option("FILE", info.m_files, "Maps to open; with none, no map is opened");
   bool prints = false;
   auto* print = program.add_flag("--print", prints, "Print the maps on the default printer and end");
+  print->needs(files);
   auto* printTo = program
                       .add_option("--print-to", info.m_strPrinterName,
-                                  "Print the maps on this printer, or into this .pdf file, and end")
+                                  "Print the maps on this printer, or all into this .pdf file, and end")
                       ->option_text("PRINTER")
+                      ->needs(files)
                       ->excludes(print);
   program.footer(
       "Examples:\n  quorvel galaxy.vrl\n  quorvel --print galaxy.vrl\n  quorvel --print-to Office "
@@ -38,7 +42,7 @@ CommandLineResult ParseCommandLine(int argc, const char* const* argv) {
     program.parse(argc, argv);
   } catch (const CLI::ParseError& error) {
     result.isDone = true;
-    result.exitCode = program.exit(error);
+    result.exitCode = program.exit(error) == 0 ? 0 : kWrongUsage;
     return result;
   }
   if (!info.m_files.empty()) info.m_nShellCommand = CCommandLineInfo::FileOpen;

@@ -15,6 +15,7 @@
 #include "ui/app/map_editor_app.h"
 #include "ui/dialogs/qt_prompts.h"
 #include "ui/frame/frame_style.h"
+#include "ui/printing/file_printing.h"
 #include "ui/resources/version_info.h"
 #include "ui/wizard/map_dialogs.h"
 
@@ -25,6 +26,21 @@ bool AsksForText(int argc, char** argv) {
   return std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
     return argument == "--help" || argument == "-h" || argument == "--version";
   });
+}
+
+/// Printing files shows no window.
+bool AsksForPaper(int argc, char** argv) {
+  return std::any_of(argv + 1, argv + argc, [](std::string_view argument) {
+    return argument == "--print" || argument == "--print-to" || argument.starts_with("--print-to=");
+  });
+}
+
+/// Keeps the library's remarks about the desktop away from what is said about the maps.
+void SayNothing(QtMsgType, const QMessageLogContext&, const QString&) {}
+
+void GoWithoutDisplay() {
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  qInstallMessageHandler(&SayNothing);
 }
 
 /// Where an installed copy has its definitions; empty: not installed.
@@ -56,20 +72,23 @@ int RunEditor(const quorvel::CCommandLineInfo& commandLine) {
   EndTidilyOnSignals();
   QtFrameHost frames;
   CMapEditorApp application(services, {feedback, toolOptions, frames});
-  if (!application.InitInstance(commandLine)) return application.HasPrinted() ? 0 : 1;
-  return QApplication::exec();
+  return application.InitInstance(commandLine) ? QApplication::exec() : 1;
 }
 
 }  // namespace
 
 int main(int argc, char** argv) try {
   if (argc > 1 && AsksForText(argc, argv)) return quorvel::ParseCommandLine(argc, argv).exitCode;
+  if (AsksForPaper(argc, argv)) GoWithoutDisplay();
   QApplication application(argc, argv);  // takes the toolkit's own options out of argv
   QApplication::setStyle(new quorvel::FrameStyle);
   QApplication::setApplicationName(QString::fromLatin1(quorvel::kProductName));
   QGuiApplication::setDesktopFileName(QStringLiteral("quorvel"));
   const quorvel::CommandLineResult parsed = quorvel::ParseCommandLine(argc, argv);
-  return parsed.isDone ? parsed.exitCode : RunEditor(parsed.info);
+  if (parsed.isDone) return parsed.exitCode;
+  const quorvel::CCommandLineInfo& info = parsed.info;
+  const bool prints = info.m_nShellCommand >= quorvel::CCommandLineInfo::FilePrint;
+  return prints ? quorvel::PrintFiles(info.m_files, info.m_strPrinterName) : RunEditor(info);
 } catch (const std::bad_alloc&) {
   std::fputs("quorvel: not enough memory\n", stderr);
   return 2;

@@ -2,8 +2,6 @@
 
 #include <string_view>
 
-#include <QFile>
-
 #include "map/document/editing.h"
 #include "map/document/map_recovery.h"
 #include "map/document/vastrel_doc.h"
@@ -115,8 +113,6 @@ bool CMapEditorApp::InitInstance(const CCommandLineInfo& commandLine) {
   AddDocTemplates();
   CreateMainFrame();
   RegisterShellFileTypes(Templates());
-  const bool prints = commandLine.m_nShellCommand >= CCommandLineInfo::FilePrint;
-  if (prints) return ProcessShellCommand(commandLine);
   mainFrame_->show();
   mainFrame_->activateWindow();  // a display without a window manager gives the keyboard to nobody
   const bool isAnyBack = OfferRecovery(*this, services_);  // before a file of the command line takes its path
@@ -139,23 +135,11 @@ void CMapEditorApp::CreateMainFrame() {
                    [this] { ShowActiveTool(); });
 }
 
-/// Opens or prints the files. False when none of them could be opened: there is nothing to show then.
+/// Opens the files. False when none of them could be opened: there is nothing to show then.
 bool CMapEditorApp::ProcessShellCommand(const CCommandLineInfo& commandLine) {
-  if (commandLine.m_nShellCommand == CCommandLineInfo::FileNothing) return true;
-  const bool prints = commandLine.m_nShellCommand != CCommandLineInfo::FileOpen;
-  bool isAnyOpen = false;
-  hasPrinted_ = prints;
-  for (const std::string& file : commandLine.m_files) {
-    CDocument* document = OpenDocumentFile(file);
-    isAnyOpen = isAnyOpen || document;
-    if (prints) hasPrinted_ = document && PrintDocument(*document, commandLine) && hasPrinted_;
-  }
-  return isAnyOpen && !prints;
-}
-
-bool CMapEditorApp::PrintDocument(CDocument& document, const CCommandLineInfo& commandLine) {
-  auto* view = dynamic_cast<CMapView*>(document.Views().empty() ? nullptr : document.Views().front());
-  return view && printing_.PrintDirect(*view, QFile::decodeName(commandLine.m_strPrinterName.c_str()));
+  bool isAnyOpen = commandLine.m_files.empty();
+  for (const std::string& file : commandLine.m_files) isAnyOpen = OpenDocumentFile(file) || isAnyOpen;
+  return isAnyOpen;
 }
 
 CMapView* CMapEditorApp::ActiveView() const {

@@ -36,8 +36,6 @@ class CMapEditorApp : public CWinApp {
   MapPrinting& Printing() { return printing_; }
   /// The view in front; null when no map is open.
   CMapView* ActiveView() const;
-  /// Whether a print verb of the command line was carried out, after InitInstance.
-  bool HasPrinted() const { return hasPrinted_; }
 
   void OnAppAbout();
 
@@ -47,7 +45,6 @@ class CMapEditorApp : public CWinApp {
   void AddDocTemplates();
   void CreateMainFrame();
   bool ProcessShellCommand(const CCommandLineInfo& commandLine);
-  bool PrintDocument(CDocument& document, const CCommandLineInfo& commandLine);
   void ShowActiveTool();
 
   Services& services_;
@@ -55,7 +52,6 @@ class CMapEditorApp : public CWinApp {
   MapPrinting printing_;
   CommandMap<CMapEditorApp> commands_;
   std::unique_ptr<CMainFrame> mainFrame_;
-  bool hasPrinted_ = false;
 };
 
 }  // namespace quorvel

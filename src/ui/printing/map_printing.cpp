@@ -2,49 +2,33 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <functional>
+#include <optional>
 
 #include <QPageSetupDialog>
-#include <QPainter>
 #include <QPrintDialog>
-#include <QPrinterInfo>
 #include <QProgressDialog>
 #include <fmt/format.h>
 
 #include "map/document/vastrel_doc.h"
 #include "platform/documents/busy_scope.h"
 #include "render/display_text.h"
-#include "render/map_extent.h"
-#include "render/paper_painter.h"
 #include "render/scaled_picture.h"
-#include "ui/printing/page_tiles.h"
 #include "ui/printing/print_preview.h"
+#include "ui/printing/print_run.h"
 #include "ui/printing/whole_pdf.h"
 #include "ui/view/map_view.h"
 
 namespace quorvel {
 namespace {
 
-constexpr char kPdfSuffix[] = ".pdf";
-constexpr int kStepsPerPage = 100;
-
-/// Cells alone: the paper is the ground.
-MapLook LookOnPaper(CMapView& view) {
-  MapLook look = view.Look();
-  look.ground = Ground::Hidden;
-  return look;
-}
-
-PageTiles TilesOf(const QPrinter& printer, CMapView& view) {
+/// What the view shows, the cells alone: the paper is the ground. None: it shows no map.
+std::optional<PrintedMap> PrintedMapOf(CMapView& view) {
   const CVastrelDoc* document = view.Document();
-  const MapRect extent =
-      document && document->m_pGrid ? MapExtent(*document->m_pGrid, view.CellSize()) : MapRect{};
-  return {extent, printer.pageLayout().paintRectPixels(printer.resolution()).size()};
+  if (!document || !document->m_pGrid) return std::nullopt;
+  PrintedMap printed = {document, view.Look()};
+  printed.look.ground = Ground::Hidden;
+  return printed;
 }
-
-struct PageRange {
-  int first, last;  // from 0, both included
-};
 
 PageRange ChosenPages(const QPrinter& printer, int count) {
   if (printer.printRange() != QPrinter::PageRange || printer.fromPage() == 0) return {0, count - 1};
@@ -52,37 +36,25 @@ PageRange ChosenPages(const QPrinter& printer, int count) {
   return {first - 1, std::clamp(printer.toPage(), first, count) - 1};
 }
 
-/// Told the page, from 0, and how much of it is done, in steps. False: stop.
-using PageProgress = std::function<bool(int page, int step)>;
-
 /// False: the printer refused, or the work was stopped.
 bool PaintPages(QPrinter& printer, CMapView& view, const PageProgress& progress) {
-  const CVastrelDoc* document = view.Document();
-  if (!document || !document->m_pGrid) return false;
-  const PageTiles tiles = TilesOf(printer, view);
-  const MapLook look = LookOnPaper(view);
-  printer.setDocName(DisplayText(document->GetTitle()));
-
-  QPainter painter;
-  if (!painter.begin(&printer)) return false;
-  const PageRange pages = ChosenPages(printer, tiles.Count());
-  for (int page = pages.first; page <= pages.last; ++page) {
-    const int printed = page - pages.first;
-    if (!progress(printed, 0) || (printed > 0 && !printer.newPage())) return false;
-    PaintOnPaper(painter, *document, look, tiles.Tile(page), [&](std::int64_t done, std::int64_t all) {
-      progress(printed, static_cast<int>(done * kStepsPerPage / all));
-    });
-  }
-  return painter.end();
+  const auto printed = PrintedMapOf(view);
+  if (!printed) return false;
+  printer.setDocName(DisplayText(view.Document()->GetTitle()));
+  PrintRun run(printer);
+  const PageRange pages = ChosenPages(printer, TilesOf(printer, *printed).Count());
+  return run.Print(*printed, pages, progress) && run.Finish();
 }
 
 /// Pages for the screen. Labels that are too small to be read there are left out.
 PagePicture PreviewPicture(const QPrinter& printer, CMapView& view) {
   constexpr double kSmallestReadableScale = 0.3;
-  return [tiles = TilesOf(printer, view), look = LookOnPaper(view), &view](int page, double scale) {
-    MapLook shown = look;
+  const auto printed = PrintedMapOf(view);
+  if (!printed) return [](int, double) { return QImage(); };
+  return [tiles = TilesOf(printer, *printed), printed = *printed](int page, double scale) {
+    MapLook shown = printed.look;
     if (scale < kSmallestReadableScale) shown.labels = Labels::Hidden;
-    return ScaledPicture(*view.Document(), shown, tiles.Tile(page), scale);
+    return ScaledPicture(*printed.map, shown, tiles.Tile(page), scale);
   };
 }
 
@@ -118,26 +90,9 @@ void MapPrinting::Preview(CMapView& view) {
   if (preview.exec() == QDialog::Accepted) Print(view);
 }
 
-bool MapPrinting::PrintDirect(CMapView& view, const QString& printerName) {
-  if (printerName.endsWith(QLatin1String(kPdfSuffix), Qt::CaseInsensitive)) {
-    QPrinter file(QPrinter::HighResolution);
-    file.setOutputFormat(QPrinter::PdfFormat);
-    file.setOutputFileName(printerName);
-    return PrintPages(file, view);
-  }
-  const QPrinterInfo info =
-      printerName.isEmpty() ? QPrinterInfo::defaultPrinter() : QPrinterInfo::printerInfo(printerName);
-  if (info.isNull()) {
-    Refuse(view, printerName.isEmpty() ? "There is no default printer"
-                                       : fmt::format("There is no printer {}", printerName.toStdString()));
-    return false;
-  }
-  QPrinter printer(info, QPrinter::HighResolution);
-  return PrintPages(printer, view);
-}
-
 int MapPrinting::CountPages(const QPrinter& printer, CMapView& view) {
-  return TilesOf(printer, view).Count();
+  const auto printed = PrintedMapOf(view);
+  return printed ? TilesOf(printer, *printed).Count() : 1;
 }
 
 bool MapPrinting::PrintPages(QPrinter& printer, CMapView& view) {

@@ -25,9 +25,6 @@ class MapPrinting {
   void Print(CMapView& view);
   /// Print Preview, which leads to Print.
   void Preview(CMapView& view);
-  /// Prints everything without a question: on the default printer when no name is given, into a file when the
-  /// name ends with ".pdf". False: not everything was printed.
-  bool PrintDirect(CMapView& view, const QString& printerName);
 
   /// How many pages the view's map takes on this printer's paper.
   static int CountPages(const QPrinter& printer, CMapView& view);

@@ -62,24 +62,15 @@ TEST_F(PdfPrinting, CutsTheMapIntoPagesAndPrintsTheRangeAskedFor) {
   EXPECT_EQ(PagesInFile(), 3);
 }
 
-TEST(DirectPrinting, SaysWhyNotAndLeavesNothingBehind) {
-  Editor editor;
+TEST_F(PdfPrinting, SaysWhyNotAndLeavesNothingBehind) {
   ASSERT_TRUE(editor.OpenMap(3, 3));
   std::filesystem::create_directory(editor.folder / "taken.pdf");
-  const std::string folder = editor.folder / "";
-  struct Row {
-    std::string printer, reason;
-  };
-  const Row rows[] = {{"Office", "There is no printer Office"},
-                      {folder + "none/map.pdf", "No such file or directory"},
-                      {folder + "taken.pdf", "Is a directory"}};
-  for (const Row& row : rows) {
-    EXPECT_FALSE(editor.app.Printing().PrintDirect(editor.View(), QString::fromStdString(row.printer)));
-    EXPECT_EQ(editor.prompts.messages.back(), "Cannot print map.vrl:\n" + row.reason);
+  for (const auto& [name, reason] :
+       {std::pair{"none/map.pdf", "No such file or directory"}, std::pair{"taken.pdf", "Is a directory"}}) {
+    printer.setOutputFileName(QString::fromStdString(editor.folder / name));
+    EXPECT_FALSE(editor.app.Printing().PrintPages(printer, editor.View()));
+    EXPECT_EQ(editor.prompts.messages.back(), std::string("Cannot print map.vrl:\n") + reason);
   }
-  const std::string pdf = folder + "new.PDF";
-  EXPECT_TRUE(editor.app.Printing().PrintDirect(editor.View(), QString::fromStdString(pdf)));
-  EXPECT_TRUE(editor.folder.Read("new.PDF").starts_with("%PDF"));
 }
 
 bool ShowsColour(const QImage& image, QRgb colour) {
