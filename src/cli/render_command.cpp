@@ -20,6 +20,8 @@ namespace quorvel {
 
 namespace {
 
+constexpr auto kMaxRoomPx = static_cast<std::int32_t>(kMaxPictureSidePx);
+
 enum class PictureForm { Png, Pdf };
 
 /// Standard output gets a PNG.
@@ -33,6 +35,12 @@ CellRange ParseCells(const std::string& text) {
   constexpr auto kLast = static_cast<std::int32_t>(kMaxSideCells - 1);
   const auto [c0, r0, c1, r1] = ParseNumbers<4>("--cells", text, ',', "C0,R0,C1,R1", NumberIn(0, kLast));
   return {{c0, r0}, {c1, r1}};
+}
+
+QSize ParseRoom(const std::string& text) {
+  const auto [width, height] =
+      ParseNumbers<2>("--fit", text, 'x', "WxH, sides in pixels", NumberIn(1, kMaxRoomPx));
+  return {width, height};
 }
 
 /// The empty name stands for an option that was not given.
@@ -69,10 +77,15 @@ class OffScreenDrawing {
 class RenderCommand : public Command {
  public:
   void Declare(CLI::App& app) override {
-    app.add_option("--cell-size", request_.cellSizePx,
-                   "Height of a cell in pixels, 10 to 100; 100 if not given")
-        ->option_text("S")
-        ->transform(NumberIn(10.0F, 100.0F));
+    auto* cellSize = app.add_option("--cell-size", request_.cellSizePx,
+                                    "Height of a cell in pixels, 10 to 100; 100 if not given")
+                         ->option_text("S")
+                         ->transform(NumberIn(10.0F, 100.0F));
+    app.add_option_function<std::string>(
+           "--fit", [this](const std::string& text) { request_.fit = ParseRoom(text); },
+           "Draw the largest picture that fits into so many pixels, in place of a cell size")
+        ->option_text("WxH")
+        ->excludes(cellSize);
     app.add_option("--fill", request_.fillMember, "Index property that colours the cells")
         ->option_text("NAME")
         ->check(&RequireName);

@@ -5,6 +5,8 @@
 #include <streambuf>
 #include <string>
 
+#include <QSize>
+
 #include "render/map_extent.h"
 #include "render/map_look.h"
 
@@ -13,9 +15,10 @@ namespace quorvel {
 class Feedback;
 struct MapContents;
 
-/// What a picture file is to show. One picture pixel a map pixel; marks as in a window.
+/// What a picture file is to show. One picture pixel a map pixel, unless it is to fit; marks as in a window.
 struct PictureRequest {
   float cellSizePx = 100;     ///< 10 to 100
+  std::optional<QSize> fit;   ///< in place of it: the largest picture inside, of cells of at most 100 pixels
   std::string outlineMember;  ///< names of index members of the cell class; any other name, such as none,
   std::string fillMember;     ///< stands for the first index member
   Labels labels = Labels::Shown;

@@ -18,11 +18,11 @@ constexpr int kDotsPerInch = 1200;
 constexpr int kPointsPerInch = 72;
 
 /// A page's sides are whole points; up to a point more than the picture is margin.
-QSizeF PageSizePoints(const MapRect& part) {
-  const auto points = [](std::int64_t pixels) {
-    return std::ceil(static_cast<double>(pixels) * kPointsPerInch / kDotsPerInch);
+QSizeF PageSizePoints(QSize picture) {
+  const auto points = [](int pixels) {
+    return std::ceil(double{1} * pixels * kPointsPerInch / kDotsPerInch);
   };
-  return {points(part.Width()), points(part.Height())};
+  return {points(picture.width()), points(picture.height())};
 }
 
 }  // namespace
@@ -36,11 +36,13 @@ bool RenderPdf(const MapContents& map, const PictureRequest& request, std::strea
   QPdfWriter writer(&device);
   writer.setCreator(QStringLiteral("Quorvel"));
   writer.setResolution(kDotsPerInch);
-  writer.setPageSize(QPageSize(PageSizePoints(plan->part), QPageSize::Point, {}, QPageSize::ExactMatch));
+  writer.setPageSize(QPageSize(PageSizePoints(plan->size), QPageSize::Point, {}, QPageSize::ExactMatch));
   writer.setPageMargins(QMarginsF());
   QPainter painter(&writer);
   if (plan->look.ground == Ground::Shown)
     painter.fillRect(0, 0, writer.width(), writer.height(), QColor(kMapMargin));
+  painter.scale(double{1} * plan->size.width() / static_cast<double>(plan->part.Width()),
+                double{1} * plan->size.height() / static_cast<double>(plan->part.Height()));
   PaintOnPaper(painter, map, plan->look, plan->part,
                [&progress](std::int64_t done, std::int64_t all) { progress.Report(done, all); });
   return painter.end() && device.IsGood();

@@ -3,6 +3,8 @@
 #include <optional>
 #include <string>
 
+#include <QSize>
+
 #include "platform/documents/feedback.h"
 #include "render/map_extent.h"
 #include "render/map_look.h"
@@ -19,7 +21,8 @@ struct PictureKind {
 /// What a request comes to on a map.
 struct PicturePlan {
   MapLook look;
-  MapRect part;
+  MapRect part;  ///< at the look's cell size, which is one of the ten, or what the request says
+  QSize size;    ///< of the picture; what is smaller than the part is averaged down
 
   /// None when there is no grid, when the cells are not on it, or when a side would be longer than
   /// the kind allows: a line of the error text says why.

@@ -12,6 +12,8 @@
 namespace quorvel {
 namespace {
 
+constexpr double kSmallestReadableScale = 0.3;
+
 MapRect OnDevice(const MapRect& part, PixelScale scale) {
   return {scale.At(part.left), scale.At(part.top), scale.At(part.right), scale.At(part.bottom)};
 }
@@ -21,6 +23,11 @@ QSize SizeOf(const MapRect& rect) {
 }
 
 }  // namespace
+
+MapLook ReadableLook(MapLook look, double scale) {
+  if (scale < kSmallestReadableScale) look.labels = Labels::Hidden;
+  return look;
+}
 
 QImage ScaledPicture(const MapContents& map, MapLook look, const MapRect& part, double scale) {
   look.pixelRatio = std::max(1.0, scale);

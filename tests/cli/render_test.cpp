@@ -44,6 +44,22 @@ TEST(Render, DrawsTheMapOrAPartOfIt) {
   EXPECT_THAT(ReadBytes(folder / "out.PDF"), StartsWith("%PDF-"));
 }
 
+// The map of 113 x 100 pixels at 40 is 30 or 20 pixels a cell, averaged down, where less room is given.
+TEST(Render, FitsThePictureIntoTheRoomGiven) {
+  const TempFolder folder;
+  const std::string map = folder.Write("map.vrl", MapText());
+  const auto rendered = [&map](std::vector<std::string> options) {
+    options.insert(options.begin(), "render");
+    options.insert(options.end(), {map, "-"});
+    return RunMapTool(options).out;
+  };
+  EXPECT_EQ(rendered({"--fit", "113x100"}), rendered({"--cell-size", "40"}));
+  EXPECT_EQ(PictureSize(rendered({"--fit", "113x1000"})), "113x100");
+  EXPECT_EQ(PictureSize(rendered({"--fit", "112x1000"})), "112x99");
+  EXPECT_EQ(PictureSize(rendered({"--fit", "60x9"})), "9x9") << "less than ten pixels a cell";
+  EXPECT_EQ(PictureSize(rendered({"--fit", "9999x9999"})), "286x250") << "a hundred at most";
+}
+
 TEST(Render, AFilterFadesCells) {
   const TempFolder folder;
   const std::string map = folder.Write("map.vrl", MapText()), out = folder / "out.png";

@@ -34,7 +34,8 @@ TEST(Usage, WrongArgumentsAreTroubleOnStandardError) {
     rows.push_back(std::string("new --seed ") + seed + " out.vrl");
   for (const char* size : {"9", "101", "abc"})
     rows.push_back(std::string("render --cell-size ") + size + kFiles);
-  for (const char* options : {"--cells 1,2,3", "--cells 1,2,3,x", "--ground grey"})
+  for (const char* options : {"--cells 1,2,3", "--cells 1,2,3,x", "--ground grey", "--fit 100", "--fit 0x10",
+                              "--fit 10x10x10", "--fit 10x10 --cell-size 20"})
     rows.push_back(std::string("render ") + options + kFiles);
   for (const std::string& line : rows) {
     SCOPED_TRACE(line);

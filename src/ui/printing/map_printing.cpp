@@ -48,13 +48,10 @@ bool PaintPages(QPrinter& printer, CMapView& view, const PageProgress& progress)
 
 /// Pages for the screen. Labels that are too small to be read there are left out.
 PagePicture PreviewPicture(const QPrinter& printer, CMapView& view) {
-  constexpr double kSmallestReadableScale = 0.3;
   const auto printed = PrintedMapOf(view);
   if (!printed) return [](int, double) { return QImage(); };
   return [tiles = TilesOf(printer, *printed), printed = *printed](int page, double scale) {
-    MapLook shown = printed.look;
-    if (scale < kSmallestReadableScale) shown.labels = Labels::Hidden;
-    return ScaledPicture(*printed.map, shown, tiles.Tile(page), scale);
+    return ScaledPicture(*printed.map, ReadableLook(printed.look, scale), tiles.Tile(page), scale);
   };
 }
 
