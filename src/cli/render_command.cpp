@@ -6,6 +6,7 @@
 #include "cli/map_file.h"
 #include "cli/one_standard_input.h"
 #include "cli/option_numbers.h"
+#include "cli/paper_options.h"
 #include "cli/progress_bar.h"
 #include "cli/tree_file.h"
 #include "data/ascii_case.h"
@@ -81,11 +82,11 @@ class RenderCommand : public Command {
                                     "Height of a cell in pixels, 10 to 100; 100 if not given")
                          ->option_text("S")
                          ->transform(NumberIn(10.0F, 100.0F));
-    app.add_option_function<std::string>(
-           "--fit", [this](const std::string& text) { request_.fit = ParseRoom(text); },
-           "Draw the largest picture that fits into so many pixels, in place of a cell size")
-        ->option_text("WxH")
-        ->excludes(cellSize);
+    auto* fit = app.add_option_function<std::string>(
+                       "--fit", [this](const std::string& text) { request_.fit = ParseRoom(text); },
+                       "Draw the largest picture that fits into so many pixels, in place of a cell size")
+                    ->option_text("WxH")
+                    ->excludes(cellSize);
     app.add_option("--fill", request_.fillMember, "Index property that colours the cells")
         ->option_text("NAME")
         ->check(&RequireName);
@@ -108,6 +109,7 @@ class RenderCommand : public Command {
         ->option_text("C0,R0,C1,R1");
     app.add_option("--filter", filterPath_, "Fade the cells that this filter does not pass")
         ->option_text("FILE");
+    paper_.Declare(app, fit);
     app.add_option("FILE", file_, "A map in either form")->required();
     app.add_option_function<std::string>(
            "OUT",
@@ -117,11 +119,15 @@ class RenderCommand : public Command {
            },
            "OUT.png or OUT.pdf")
         ->required();
-    app.callback([this] { RequireOneStandardInput({filterPath_, file_}); });
+    app.callback([this] {
+      RequireOneStandardInput({filterPath_, file_});
+      RequirePdfForPaper();
+    });
     app.footer(
         "Examples:\n"
         "  quorvel-map render --cell-size 20 --no-labels galaxy.vrl overview.png\n"
-        "  quorvel-map render --fill Empire --cells 0,0,19,11 galaxy.vrl corner.pdf");
+        "  quorvel-map render --fill Empire --cells 0,0,19,11 galaxy.vrl corner.pdf\n"
+        "  quorvel-map render --paper A3 --pages 2x2 galaxy.vrl poster.pdf");
   }
 
   ExitCode Run(Console& console) override {
@@ -134,6 +140,12 @@ class RenderCommand : public Command {
   }
 
  private:
+  void RequirePdfForPaper() {
+    request_.paper = paper_.Request();
+    if (request_.paper && form_ != PictureForm::Pdf)
+      throw CLI::ValidationError("OUT", "only a .pdf is laid on sheets of paper");
+  }
+
   bool MembersExist(Console& console, const ClassDef& cellClass) const {
     for (const auto& [option, name] :
          {std::pair{"--fill", &request_.fillMember}, {"--outline", &request_.outlineMember}}) {
@@ -182,6 +194,7 @@ class RenderCommand : public Command {
   }
 
   PictureRequest request_;
+  PaperOptions paper_;
   PictureForm form_ = PictureForm::Png;
   std::string filterPath_, file_, out_;
   std::optional<CPropertySettingList> filter_;

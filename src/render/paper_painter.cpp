@@ -10,6 +10,7 @@
 #include "map/types/map_contents.h"
 #include "render/map_painter.h"
 #include "render/plain_painter.h"
+#include "render/scaled_picture.h"
 #include "render/visible_cells.h"
 
 namespace quorvel {
@@ -95,14 +96,17 @@ std::int64_t Sheet::CountPieces() const {
          (1 + texts);
 }
 
-/// In bands that go to the paper as they come.
+/// In bands that go to the paper as they come; no finer than the paper's own pixels.
 void Sheet::DrawAsPixels(const AfterRow& afterRow) {
-  const std::int64_t bandRows = std::clamp<std::int64_t>(kBandBytes / (part_.Width() * 4), 1, part_.Height());
+  const double scale = std::min(1.0, painter_.transform().m11());
+  const auto bandPx = static_cast<double>(part_.Width()) * sizeof(QRgb) * scale * scale;
+  const auto bandRows =
+      std::clamp<std::int64_t>(static_cast<std::int64_t>(kBandBytes / bandPx), 1, part_.Height());
   for (std::int64_t top = part_.top; top < part_.bottom; top += bandRows) {
     const std::int64_t rows = std::min(bandRows, part_.bottom - top);
-    QImage band(static_cast<int>(part_.Width()), static_cast<int>(rows), QImage::Format_RGB32);
-    pixels_.Paint(map_, look_, band, part_.left, top, band.rect());
-    painter_.drawImage(QPoint(0, static_cast<int>(top - part_.top)), band);
+    const QRectF place(0, static_cast<double>(top - part_.top), static_cast<double>(part_.Width()),
+                       static_cast<double>(rows));
+    painter_.drawImage(place, ScaledPicture(map_, look_, {part_.left, top, part_.right, top + rows}, scale));
     if (afterRow) afterRow(top + rows - part_.top, part_.Height());
   }
 }

@@ -1,3 +1,5 @@
+#include <regex>
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -58,6 +60,38 @@ TEST(Render, FitsThePictureIntoTheRoomGiven) {
   EXPECT_EQ(PictureSize(rendered({"--fit", "112x1000"})), "112x99");
   EXPECT_EQ(PictureSize(rendered({"--fit", "60x9"})), "9x9") << "less than ten pixels a cell";
   EXPECT_EQ(PictureSize(rendered({"--fit", "9999x9999"})), "286x250") << "a hundred at most";
+}
+
+/// The pages of a PDF by their sizes in points, as "WxH".
+std::vector<std::string> SheetsOf(const std::string& pdf) {
+  const std::regex box("/MediaBox \\[\\s*0 0 ([0-9]+)\\S* ([0-9]+)");
+  std::vector<std::string> sheets;
+  for (std::sregex_iterator page(pdf.begin(), pdf.end(), box); page != std::sregex_iterator(); ++page)
+    sheets.push_back((*page)[1].str() + "x" + (*page)[2].str());
+  return sheets;
+}
+
+// The map is 286 x 250 pixels at 100, so 8 mm a cell make it 22.88 mm wide.
+TEST(Render, LaysTheMapOnSheetsOfPaper) {
+  const TempFolder folder;
+  const std::string map = folder.Write("map.vrl", MapText()), out = folder / "out.pdf";
+  const struct {
+    std::vector<std::string> options;
+    std::vector<std::string> sheets;
+  } rows[] = {{{"--cell-mm", "8"}, {"595x842"}},
+              {{"--fit-page"}, {"842x595"}},
+              {{"--paper", "Letter"}, {"612x792"}},
+              {{"--paper", "A3", "--pages", "2x1"}, {"842x1191", "842x1191"}},
+              {{"--paper", "100x200mm", "--fit-page"}, {"283x567"}},
+              {{"--paper", "100x200mm", "--cell-mm", "40"}, {"283x567", "283x567"}}};
+  for (const auto& row : rows) {
+    SCOPED_TRACE(testing::PrintToString(row.options));
+    std::vector<std::string> arguments = {"render"};
+    arguments.insert(arguments.end(), row.options.begin(), row.options.end());
+    arguments.insert(arguments.end(), {map, out});
+    EXPECT_EQ(RunMapTool(arguments).code, 0);
+    EXPECT_EQ(SheetsOf(ReadBytes(out)), row.sheets);
+  }
 }
 
 TEST(Render, AFilterFadesCells) {

@@ -37,6 +37,10 @@ TEST(Usage, WrongArgumentsAreTroubleOnStandardError) {
   for (const char* options : {"--cells 1,2,3", "--cells 1,2,3,x", "--ground grey", "--fit 100", "--fit 0x10",
                               "--fit 10x10x10", "--fit 10x10 --cell-size 20"})
     rows.push_back(std::string("render ") + options + kFiles);
+  for (const char* options : {"--paper A5", "--paper 20x300mm", "--pages 2x0", "--cell-mm 0",
+                              "--cell-mm 8 --fit-page", "--fit-page --fit 10x10"})
+    rows.push_back(std::string("render ") + options + " in.vrl out.pdf");
+  rows.push_back("render --paper A4 in.vrl out.png");
   for (const std::string& line : rows) {
     SCOPED_TRACE(line);
     const ToolRun run = RunMapTool(Words(line));
