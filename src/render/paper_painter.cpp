@@ -11,6 +11,7 @@
 #include "render/map_painter.h"
 #include "render/plain_painter.h"
 #include "render/scaled_picture.h"
+#include "render/sheet_layout.h"
 #include "render/visible_cells.h"
 
 namespace quorvel {
@@ -194,6 +195,18 @@ void PaintOnPaper(QPainter& painter, const MapContents& map, const MapLook& look
     sheet.DrawCells(afterRow);
     sheet.DrawInvertedCells();
   }
+  painter.restore();
+}
+
+void PaintPartOnPaper(QPainter& painter, const MapContents& map, const MapLook& look, const QRectF& part,
+                      double scale, const AfterRow& afterRow) {
+  const MapRect around = PixelsAround(part);
+  painter.save();
+  painter.scale(scale, scale);
+  painter.setClipRect(QRectF(QPointF(0, 0), part.size()), Qt::IntersectClip);
+  painter.translate(static_cast<double>(around.left) - part.left(),
+                    static_cast<double>(around.top) - part.top());
+  PaintOnPaper(painter, map, look, around, afterRow);
   painter.restore();
 }
 

@@ -3,6 +3,8 @@
 #include <cstdint>
 #include <functional>
 
+#include <QRectF>
+
 #include "render/map_look.h"
 
 class QPainter;
@@ -21,5 +23,10 @@ struct MapRect;
 /// many of all rows, of cells or pixels, are done.
 void PaintOnPaper(QPainter& painter, const MapContents& map, const MapLook& look, const MapRect& part,
                   const std::function<void(std::int64_t done, std::int64_t all)>& afterRow = {});
+
+/// The same of a part whose edges need not lie on whole map pixels, a map pixel `scale` units of the painter.
+void PaintPartOnPaper(QPainter& painter, const MapContents& map, const MapLook& look, const QRectF& part,
+                      double scale,
+                      const std::function<void(std::int64_t done, std::int64_t all)>& afterRow = {});
 
 }  // namespace quorvel

@@ -35,14 +35,6 @@ std::vector<double> CutsAlong(double lengthMm, bool hasBefore, bool hasAfter) {
   return cuts;
 }
 
-/// The smallest rectangle of whole map pixels around a part.
-MapRect Around(const QRectF& part) {
-  return {static_cast<std::int64_t>(std::floor(part.left())),
-          static_cast<std::int64_t>(std::floor(part.top())),
-          static_cast<std::int64_t>(std::ceil(part.right())),
-          static_cast<std::int64_t>(std::ceil(part.bottom()))};
-}
-
 /// The drawing of one sheet; the painter's origin is the left top of what is drawn on it.
 class SheetDrawing {
  public:
@@ -91,20 +83,14 @@ void SheetDrawing::DrawName() {
 }
 
 void SheetDrawing::DrawMap(const MapContents& map, const MapLook& look, const RowsDone& done) {
-  const double dotsPerPx = Dots(layout_.MmPerPx());
-  const MapRect around = Around(part_);
-  painter_.scale(dotsPerPx, dotsPerPx);
-  painter_.setClipRect(QRectF(QPointF(0, 0), part_.size()));
-  painter_.translate(static_cast<double>(around.left) - part_.left(),
-                     static_cast<double>(around.top) - part_.top());
-  PaintOnPaper(painter_, map, look, around, done);
+  PaintPartOnPaper(painter_, map, look, part_, Dots(layout_.MmPerPx()), done);
 }
 
 }  // namespace
 
 PictureSheets::PictureSheets(const PicturePlan& plan, QSizeF sheetMm, const SheetSize& size)
     : sheetMm_(sheetMm),
-      layout_(plan.part, plan.look.cellSizePx, sheetMm - QSizeF(2 * kMarginMm, 2 * kMarginMm), size,
+      layout_(plan.part, plan.look.cellSizePx, {sheetMm - QSizeF(2 * kMarginMm, 2 * kMarginMm)}, size,
               kMmPerInch / kPdfDotsPerInch) {}
 
 /// Of upright and across the one with larger cells, else the one with fewer sheets.

@@ -14,17 +14,17 @@ namespace {
 constexpr double kTolerancePx = 1e-3;
 
 /// So many sheets in a row, glued together.
-double GluedMm(int sheets, double roomMm) {
-  return sheets * roomMm - (sheets - 1) * kSheetOverlapMm;
+double GluedMm(int sheets, double roomMm, double overlapMm) {
+  return sheets * roomMm - (sheets - 1) * overlapMm;
 }
 
-double MmPerPxOf(const MapRect& extent, float cellSizePx, QSizeF roomMm, const SheetSize& size,
+double MmPerPxOf(const MapRect& extent, float cellSizePx, const SheetRoom& room, const SheetSize& size,
                  double usualMmPerPx) {
   if (size.cellMm > 0) return size.cellMm / CellMetrics::At(cellSizePx).height;
   if (size.sheets.isEmpty()) return usualMmPerPx;
-  const double across = GluedMm(size.sheets.width(), roomMm.width()) / static_cast<double>(extent.Width());
-  const double down = GluedMm(size.sheets.height(), roomMm.height()) / static_cast<double>(extent.Height());
-  return std::min(across, down);
+  const double across = GluedMm(size.sheets.width(), room.mm.width(), room.overlapMm);
+  const double down = GluedMm(size.sheets.height(), room.mm.height(), room.overlapMm);
+  return std::min(across / static_cast<double>(extent.Width()), down / static_cast<double>(extent.Height()));
 }
 
 std::int64_t SheetsAlong(std::int64_t lengthPx, double roomPx, double overlapPx) {
@@ -41,11 +41,17 @@ std::string Letters(std::int64_t column) {
 
 }  // namespace
 
-SheetLayout::SheetLayout(const MapRect& extent, float cellSizePx, QSizeF roomMm, const SheetSize& size,
-                         double usualMmPerPx)
-    : extent_(extent), mmPerPx_(MmPerPxOf(extent, cellSizePx, roomMm, size, usualMmPerPx)) {
-  roomPx_ = roomMm / mmPerPx_;
-  overlapPx_ = kSheetOverlapMm / mmPerPx_;
+MapRect PixelsAround(const QRectF& part) {
+  const auto low = [](double px) { return static_cast<std::int64_t>(std::floor(px + kTolerancePx)); };
+  const auto high = [](double px) { return static_cast<std::int64_t>(std::ceil(px - kTolerancePx)); };
+  return {low(part.left()), low(part.top()), high(part.right()), high(part.bottom())};
+}
+
+SheetLayout::SheetLayout(const MapRect& extent, float cellSizePx, const SheetRoom& room,
+                         const SheetSize& size, double usualMmPerPx)
+    : extent_(extent), mmPerPx_(MmPerPxOf(extent, cellSizePx, room, size, usualMmPerPx)) {
+  roomPx_ = room.mm / mmPerPx_;
+  overlapPx_ = room.overlapMm / mmPerPx_;
   columns_ = SheetsAlong(extent.Width(), roomPx_.width(), overlapPx_);
   rows_ = SheetsAlong(extent.Height(), roomPx_.height(), overlapPx_);
 }

@@ -15,17 +15,26 @@ constexpr double kMmPerInch = 25.4;
 /// By which sheets side by side show the same, so that one can be glued onto the other.
 constexpr double kSheetOverlapMm = 10;
 
+/// What is drawn on of each sheet.
+struct SheetRoom {
+  QSizeF mm;  ///< both sides above the overlap
+  double overlapMm = kSheetOverlapMm;
+};
+
 /// How large a map comes on sheets of paper. Neither: a map pixel is as large as the caller says.
 struct SheetSize {
   double cellMm = 0;  ///< above 0: height of a cell
   QSize sheets;  ///< not empty: at most so many side by side and below each other, as large as that allows
 };
 
+/// The smallest rectangle of whole map pixels around a part.
+MapRect PixelsAround(const QRectF& part);
+
 /// A map laid out on sheets, row by row. Only as many sheets are taken as the map needs.
 class SheetLayout {
  public:
-  /// `roomMm`: what is drawn on of each sheet; both sides above the overlap. `cellSizePx`: that of `extent`.
-  SheetLayout(const MapRect& extent, float cellSizePx, QSizeF roomMm, const SheetSize& size,
+  /// `cellSizePx`: that of `extent`.
+  SheetLayout(const MapRect& extent, float cellSizePx, const SheetRoom& room, const SheetSize& size,
               double usualMmPerPx);
 
   double MmPerPx() const { return mmPerPx_; }

@@ -15,7 +15,7 @@ TEST(SheetLayout, TakesAsManySheetsAsTheSizeNeeds) {
     double mmPerPx;
     std::int64_t columns, rows;
   };
-  const QSizeF room(190, 277);
+  const SheetRoom room = {{190, 277}};
   const Row rows[] = {
       {"the usual size", {0, 0, 9500, 13850}, {}, 0.02, 1, 1},
       {"a pixel too wide", {0, 0, 9501, 13850}, {}, 0.02, 2, 1},
@@ -37,7 +37,7 @@ TEST(SheetLayout, TakesAsManySheetsAsTheSizeNeeds) {
 
 /// Sheets glued together are the whole map, each with 10 mm of the one before.
 TEST(SheetLayout, SheetsOverlap) {
-  const SheetLayout layout({50, 70, 2050, 2070}, 100, {190, 277}, {30, {}}, kUsualMmPerPx);
+  const SheetLayout layout({50, 70, 2050, 2070}, 100, {{190, 277}}, {30, {}}, kUsualMmPerPx);
   const double overlapPx = kSheetOverlapMm / layout.MmPerPx();
   QRectF glued;
   for (std::int64_t sheet = 0; sheet < layout.Count(); ++sheet) {
@@ -58,8 +58,16 @@ TEST(SheetLayout, SheetsOverlap) {
   EXPECT_EQ(glued, QRectF(50, 70, 2000, 2000));
 }
 
+TEST(SheetLayout, WithoutOverlapSheetsLieSideBySide) {
+  const SheetLayout layout({0, 0, 250, 120}, 100, {{2, 1}, 0}, {}, kUsualMmPerPx);
+  ASSERT_EQ(layout.Count(), 9);
+  EXPECT_EQ(layout.Part(0), QRectF(0, 0, 100, 50));
+  EXPECT_EQ(layout.Part(4), QRectF(100, 50, 100, 50));
+  EXPECT_EQ(layout.Part(8), QRectF(200, 100, 50, 20));
+}
+
 TEST(SheetLayout, NamesSheetsByColumnAndRow) {
-  const SheetLayout layout({0, 0, 60'000, 600}, 100, {190, 277}, {100, {}}, kUsualMmPerPx);
+  const SheetLayout layout({0, 0, 60'000, 600}, 100, {{190, 277}}, {100, {}}, kUsualMmPerPx);
   ASSERT_EQ(layout.Columns(), 334);
   EXPECT_EQ(layout.Name(0), "A1, column 1 of 334");
   EXPECT_EQ(layout.Name(335), "B2, column 2 of 334");

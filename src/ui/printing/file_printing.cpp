@@ -108,7 +108,7 @@ void FilePrinting::PrintFile(PrintRun& run, QPrinter& printer, const std::string
   const MapContents map = Read(path);
   if (!map.m_pGrid) return;
   const PrintedMap printed = {&map, LookOf(map)};
-  const PageRange pages = {0, TilesOf(printer, printed).Count() - 1};
+  const PageRange pages = {0, CountPages(LayoutOf(printer, printed)) - 1};
   if (!run.Print(printed, pages, [](int, int) { return true; }))
     Fail(Outcome::FileTrouble, path, "The printer does not take it");
 }

@@ -10,11 +10,13 @@
 #include <fmt/format.h>
 
 #include "map/document/vastrel_doc.h"
+#include "map/grid/cell_metrics.h"
 #include "platform/documents/busy_scope.h"
 #include "render/display_text.h"
 #include "render/scaled_picture.h"
 #include "ui/printing/print_preview.h"
 #include "ui/printing/print_run.h"
+#include "ui/printing/print_size_page.h"
 #include "ui/printing/whole_pdf.h"
 #include "ui/view/map_view.h"
 
@@ -22,11 +24,12 @@ namespace quorvel {
 namespace {
 
 /// What the view shows, the cells alone: the paper is the ground. None: it shows no map.
-std::optional<PrintedMap> PrintedMapOf(CMapView& view) {
+std::optional<PrintedMap> PrintedMapOf(CMapView& view, const PrintChoice& choice) {
   const CVastrelDoc* document = view.Document();
   if (!document || !document->m_pGrid) return std::nullopt;
-  PrintedMap printed = {document, view.Look()};
+  PrintedMap printed = {document, view.Look(), choice.size};
   printed.look.ground = Ground::Hidden;
+  printed.look.labels = choice.labels;
   return printed;
 }
 
@@ -37,22 +40,23 @@ PageRange ChosenPages(const QPrinter& printer, int count) {
 }
 
 /// False: the printer refused, or the work was stopped.
-bool PaintPages(QPrinter& printer, CMapView& view, const PageProgress& progress) {
-  const auto printed = PrintedMapOf(view);
+bool PaintPages(QPrinter& printer, const std::optional<PrintedMap>& printed, const PageProgress& progress) {
   if (!printed) return false;
-  printer.setDocName(DisplayText(view.Document()->GetTitle()));
   PrintRun run(printer);
-  const PageRange pages = ChosenPages(printer, TilesOf(printer, *printed).Count());
+  const PageRange pages = ChosenPages(printer, CountPages(LayoutOf(printer, *printed)));
   return run.Print(*printed, pages, progress) && run.Finish();
 }
 
-/// Pages for the screen. Labels that are too small to be read there are left out.
-PagePicture PreviewPicture(const QPrinter& printer, CMapView& view) {
-  const auto printed = PrintedMapOf(view);
-  if (!printed) return [](int, double) { return QImage(); };
-  return [tiles = TilesOf(printer, *printed), printed = *printed](int page, double scale) {
-    return ScaledPicture(*printed.map, ReadableLook(printed.look, scale), tiles.Tile(page), scale);
-  };
+/// Lets the view show the pages. Answers millimetres a cell.
+double ShowPages(PaperView& pages, const QPrinter& printer, const PrintedMap& printed) {
+  const SheetLayout layout = LayoutOf(printer, printed);
+  pages.SetPages(CountPages(layout),
+                 [layout, printed, dotsPerPx = DotsPerPx(printer, layout)](int page, double scale) {
+                   const double shown = scale * dotsPerPx;
+                   return ScaledPicture(*printed.map, ReadableLook(printed.look, shown),
+                                        PixelsAround(layout.Part(page)), shown);
+                 });
+  return layout.MmPerPx() * CellMetrics::At(printed.look.cellSizePx).height;
 }
 
 }  // namespace
@@ -72,24 +76,37 @@ void MapPrinting::ChoosePage(QWidget* parent) {
 
 void MapPrinting::Print(CMapView& view) {
   QPrinter& printer = Printer();
+  PrintSizePage size(choice_);
   QPrintDialog dialog(&printer, &view);
   dialog.setOption(QAbstractPrintDialog::PrintPageRange);
-  dialog.setMinMax(1, CountPages(printer, view));
+  dialog.setOptionTabs({&size});
+  const auto follow = [&] {
+    choice_ = size.Choice();
+    dialog.setMinMax(1, CountPages(printer, view));
+  };
+  QObject::connect(&size, &PrintSizePage::ChoiceChanged, &dialog, follow);
+  follow();
   if (dialog.exec() == QDialog::Accepted) PrintPages(printer, view);
 }
 
 void MapPrinting::Preview(CMapView& view) {
   const QPrinter& printer = Printer();
-  auto* pages = new PaperView(printer.pageLayout(), printer.resolution(), CountPages(printer, view),
-                              PreviewPicture(printer, view));
-  PrintPreview preview(pages, &view);
+  auto printed = PrintedMapOf(view, choice_);
+  if (!printed) return;
+  auto* pages = new PaperView(printer.pageLayout(), printer.resolution(), 1, {});
+  const double cellMm = ShowPages(*pages, printer, *printed);
+  const auto fitToPage = [&] {
+    choice_.size = printed->size = {0, {1, 1}};
+    return ShowPages(*pages, printer, *printed);
+  };
+  PrintPreview preview(pages, cellMm, fitToPage, &view);
   preview.resize(view.window()->size());
   if (preview.exec() == QDialog::Accepted) Print(view);
 }
 
-int MapPrinting::CountPages(const QPrinter& printer, CMapView& view) {
-  const auto printed = PrintedMapOf(view);
-  return printed ? TilesOf(printer, *printed).Count() : 1;
+int MapPrinting::CountPages(const QPrinter& printer, CMapView& view) const {
+  const auto printed = PrintedMapOf(view, choice_);
+  return printed ? quorvel::CountPages(LayoutOf(printer, *printed)) : 1;
 }
 
 bool MapPrinting::PrintPages(QPrinter& printer, CMapView& view) {
@@ -105,10 +122,11 @@ bool MapPrinting::PrintPages(QPrinter& printer, CMapView& view) {
     return !dialog.wasCanceled();
   };
   const auto paint = [&](QPrinter& paper) {
-    const bool painted = PaintPages(paper, view, progress);
+    const bool painted = PaintPages(paper, PrintedMapOf(view, choice_), progress);
     if (dialog.wasCanceled()) paper.abort();
     return painted;
   };
+  printer.setDocName(DisplayText(view.GetDocument()->GetTitle()));
   std::string reason = "The printer does not take it";
   const bool toFile = printer.outputFormat() == QPrinter::PdfFormat;
   const bool printed = toFile ? PrintWholePdf(printer, paint, reason) : paint(printer);

@@ -20,6 +20,13 @@ PaperView::PaperView(const QPageLayout& paper, int dotsPerInch, int pageCount, P
   setAccessibleName(tr("Pages"));
 }
 
+void PaperView::SetPages(int count, PagePicture picture) {
+  pageCount_ = count;
+  picture_ = std::move(picture);
+  sheets_.clear();
+  ShowPage(0);
+}
+
 int PaperView::LastPage() const {
   return std::min(firstPage_ + (showsTwo_ ? 1 : 0), pageCount_ - 1);
 }

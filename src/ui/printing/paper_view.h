@@ -20,6 +20,9 @@ class PaperView : public QWidget {
   /// `paper` is the printer's, with `dotsPerInch` pixels.
   PaperView(const QPageLayout& paper, int dotsPerInch, int pageCount, PagePicture picture);
 
+  /// Shows other pages from the first on.
+  void SetPages(int count, PagePicture picture);
+
   int FirstPage() const { return firstPage_; }
   int LastPage() const;
   int PageCount() const { return pageCount_; }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <utility>
 
 #include <QKeyEvent>
 #include <QVBoxLayout>
@@ -13,10 +14,18 @@ namespace {
 constexpr double kZooms[] = {1, 2, 4};
 constexpr int kLastZoom = static_cast<int>(std::size(kZooms)) - 1;
 
+/// A label of a smaller cell is hard to read.
+constexpr double kSmallCellMm = 4;
+
 }  // namespace
 
-PrintPreview::PrintPreview(PaperView* pages, QWidget* parent)
-    : QDialog(parent), pages_(pages), area_(new QScrollArea(this)), bar_(new QHBoxLayout) {
+PrintPreview::PrintPreview(PaperView* pages, double cellMm, FitToPage fitToPage, QWidget* parent)
+    : QDialog(parent),
+      pages_(pages),
+      area_(new QScrollArea(this)),
+      bar_(new QHBoxLayout),
+      cellMm_(cellMm),
+      fitToPage_(std::move(fitToPage)) {
   setWindowTitle(tr("Print Preview"));
   setWindowFlag(Qt::WindowMaximizeButtonHint);
   BuildBar();
@@ -44,6 +53,7 @@ void PrintPreview::BuildBar() {
   numbers_ = new QLabel(this);
   bar_->addStretch(1);
   bar_->addWidget(numbers_);
+  fit_ = AddButton(tr("&Fit to page"), &PrintPreview::OnFitToPage);
 }
 
 QPushButton* PrintPreview::AddButton(const QString& text, void (PrintPreview::*run)()) {
@@ -64,6 +74,12 @@ void PrintPreview::OnTwoPage() {
   Refresh();
 }
 
+void PrintPreview::OnFitToPage() {
+  cellMm_ = fitToPage_();
+  isFitted_ = true;
+  Refresh();
+}
+
 void PrintPreview::OnZoomIn() {
   zoom_ = std::min(zoom_ + 1, kLastZoom);
   Refresh();
@@ -78,7 +94,12 @@ void PrintPreview::Refresh() {
   const int first = pages_->FirstPage() + 1;
   const int last = pages_->LastPage() + 1;
   const QString shown = first == last ? tr("Page %1").arg(first) : tr("Pages %1-%2").arg(first).arg(last);
-  numbers_->setText(tr("%1 of %2").arg(shown).arg(pages_->PageCount()));
+  const bool isSmall = cellMm_ < kSmallCellMm;
+  numbers_->setText((isSmall ? tr("%1 of %2, only %3 mm a cell") : tr("%1 of %2, %3 mm a cell"))
+                        .arg(shown)
+                        .arg(pages_->PageCount())
+                        .arg(cellMm_, 0, 'g', cellMm_ < 10 ? 2 : 3));
+  fit_->setVisible(isSmall && !isFitted_);
   next_->setEnabled(last < pages_->PageCount());
   previous_->setEnabled(first > 1);
   two_->setEnabled(pages_->PageCount() > 1);

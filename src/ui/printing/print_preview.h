@@ -1,5 +1,7 @@
 #pragma once
 
+#include <functional>
+
 #include <QDialog>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -10,13 +12,17 @@
 
 namespace quorvel {
 
-/// Print Preview: the pages as they will be printed, one or two at a time, and how many there are. Closes
-/// accepted when the user wants to print.
+/// Lays the map on one page, which the view of the pages then shows. Answers millimetres a cell.
+using FitToPage = std::function<double()>;
+
+/// Print Preview: the pages as they will be printed, one or two at a time, how many there are and how large a
+/// cell comes; where it comes small, it can be fitted to a page. Closes accepted when the user wants to
+/// print.
 class PrintPreview : public QDialog {
   Q_OBJECT
  public:
   /// Takes the view of the pages.
-  PrintPreview(PaperView* pages, QWidget* parent);
+  PrintPreview(PaperView* pages, double cellMm, FitToPage fitToPage, QWidget* parent);
 
  protected:
   void keyPressEvent(QKeyEvent* event) override;
@@ -29,6 +35,7 @@ class PrintPreview : public QDialog {
   void OnNextPage() { Step(1); }
   void OnPrevPage() { Step(-1); }
   void OnTwoPage();
+  void OnFitToPage();
   void OnZoomIn();
   void OnZoomOut();
   /// Brings buttons and page numbers up to date.
@@ -43,6 +50,10 @@ class PrintPreview : public QDialog {
   QPushButton* two_ = nullptr;
   QPushButton* zoomIn_ = nullptr;
   QPushButton* zoomOut_ = nullptr;
+  QPushButton* fit_ = nullptr;
+  double cellMm_;
+  FitToPage fitToPage_;
+  bool isFitted_ = false;
   int zoom_ = 0;  // step
 };
 

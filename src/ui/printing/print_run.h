@@ -6,7 +6,7 @@
 #include <QPrinter>
 
 #include "render/map_look.h"
-#include "ui/printing/page_tiles.h"
+#include "render/sheet_layout.h"
 
 namespace quorvel {
 
@@ -16,6 +16,7 @@ struct MapContents;
 struct PrintedMap {
   const MapContents* map;
   MapLook look;
+  SheetSize size = {};  ///< neither: a map pixel as a pixel of the printer
 };
 
 /// Pages from 0, both included.
@@ -27,8 +28,13 @@ struct PageRange {
 using PageProgress = std::function<bool(int page, int step)>;
 constexpr int kStepsPerPage = 100;
 
-/// The pages of a map, a map pixel as a pixel of the printer.
-PageTiles TilesOf(const QPrinter& printer, const PrintedMap& printed);
+/// The pages of a map. Laid side by side they are the whole map; a cell on a cut is continued on the next
+/// one.
+SheetLayout LayoutOf(const QPrinter& printer, const PrintedMap& printed);
+/// How many they are; no more than an int holds.
+int CountPages(const SheetLayout& layout);
+/// Pixels of the printer a map pixel.
+double DotsPerPx(const QPrinter& printer, const SheetLayout& layout);
 
 /// One job for a printer: pages of one map or of several, each map beginning on a page of its own.
 class PrintRun {

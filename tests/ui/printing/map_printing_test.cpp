@@ -4,34 +4,11 @@
 
 #include "tests/ui/editor.h"
 #include "tests/ui/modal_script.h"
-#include "ui/printing/page_tiles.h"
 #include "ui/printing/print_preview.h"
+#include "ui/printing/print_size_page.h"
 
 namespace quorvel {
 namespace {
-
-TEST(PageTiles, LaidSideBySideTheyAreTheWholeMap) {
-  struct Row {
-    MapRect extent;
-    QSize page;
-    int pages;
-    MapRect last;
-  };
-  constexpr Row rows[] = {{{0, 0, 100, 50}, {100, 50}, 1, {0, 0, 100, 50}},
-                          {{0, 0, 101, 50}, {100, 50}, 2, {100, 0, 101, 50}},
-                          {{0, 0, 250, 120}, {100, 50}, 9, {200, 100, 250, 120}},
-                          {{0, 0, 0, 0}, {100, 50}, 1, {}}};
-  for (const Row& row : rows) {
-    const PageTiles tiles(row.extent, row.page);
-    EXPECT_EQ(tiles.Count(), row.pages);
-    EXPECT_EQ(tiles.Tile(row.pages - 1).Width(), row.last.Width());
-    std::int64_t area = 0;
-    for (int page = 0; page < tiles.Count(); ++page)
-      area += tiles.Tile(page).Width() * tiles.Tile(page).Height();
-    EXPECT_EQ(area, row.extent.Width() * row.extent.Height());
-    EXPECT_TRUE(tiles.Tile(row.pages).IsEmpty());
-  }
-}
 
 class PdfPrinting : public testing::Test {
  protected:
@@ -51,7 +28,7 @@ class PdfPrinting : public testing::Test {
 
 TEST_F(PdfPrinting, CutsTheMapIntoPagesAndPrintsTheRangeAskedFor) {
   ASSERT_TRUE(editor.OpenMap(20, 10));  // 1748 x 1050 pixels
-  const int pages = MapPrinting::CountPages(printer, editor.View());
+  const int pages = editor.app.Printing().CountPages(printer, editor.View());
   EXPECT_GE(pages, 6);
   ASSERT_TRUE(editor.app.Printing().PrintPages(printer, editor.View()));
   EXPECT_EQ(PagesInFile(), pages);
@@ -60,6 +37,34 @@ TEST_F(PdfPrinting, CutsTheMapIntoPagesAndPrintsTheRangeAskedFor) {
   printer.setFromTo(2, 4);
   ASSERT_TRUE(editor.app.Printing().PrintPages(printer, editor.View()));
   EXPECT_EQ(PagesInFile(), 3);
+}
+
+TEST_F(PdfPrinting, PrintsAtTheSizeChosen) {
+  ASSERT_TRUE(editor.OpenMap(20, 10));
+  struct Row {
+    SheetSize size;
+    int pages;
+  };
+  // An A4 sheet has some 200 x 287 mm to print on; at 40 mm a cell the map is some 699 x 420.
+  const Row rows[] = {{{40, {}}, 8}, {{0, {1, 1}}, 1}, {{0, {3, 5}}, 6}};
+  for (const Row& row : rows) {
+    editor.app.Printing().SetChoice({row.size, Labels::Hidden});
+    ASSERT_TRUE(editor.app.Printing().PrintPages(printer, editor.View()));
+    EXPECT_EQ(PagesInFile(), row.pages);
+    EXPECT_EQ(editor.folder.Read("map.pdf").find("/FontDescriptor"), std::string::npos) << "no labels";
+  }
+}
+
+TEST(PrintSizePage, ShowsAndGivesTheChoice) {
+  const PrintChoice rows[] = {
+      {}, {{12.5, {}}, Labels::Hidden}, {{0, {1, 1}}, Labels::Shown}, {{0, {3, 4}}, Labels::Hidden}};
+  for (const PrintChoice& row : rows) {
+    const PrintSizePage page(row);
+    EXPECT_EQ(page.windowTitle(), "Quorvel");
+    EXPECT_EQ(page.Choice().size.cellMm, row.size.cellMm);
+    EXPECT_EQ(page.Choice().size.sheets, row.size.sheets);
+    EXPECT_EQ(page.Choice().labels, row.labels);
+  }
 }
 
 TEST_F(PdfPrinting, SaysWhyNotAndLeavesNothingBehind) {
@@ -92,19 +97,20 @@ TEST(PrintPreview, CountsThePagesAndTurnsThem) {
       }
       return preview.findChild<QLabel*>()->text().toStdString();
     };
-    EXPECT_EQ(press(""), "Page 1 of 2");
+    EXPECT_EQ(press(""), "Page 1 of 2, only 2.1 mm a cell");
     const auto* pages = preview.findChild<PaperView*>();
     const auto shot = [pages] { return const_cast<PaperView*>(pages)->grab().toImage(); };
     const QImage first = shot();
     EXPECT_FALSE(ShowsColour(first, kMapMargin)) << "cells alone, without the window's ground";
-    EXPECT_EQ(press("&Next Page"), "Page 2 of 2");
+    EXPECT_EQ(press("&Next Page"), "Page 2 of 2, only 2.1 mm a cell");
     EXPECT_NE(shot(), first) << "the second page has the rest";
     QTest::keyClick(&preview, Qt::Key_PageUp);
     EXPECT_EQ(shot(), first);
-    EXPECT_EQ(press("&Two Page"), "Pages 1-2 of 2");
+    EXPECT_EQ(press("&Two Page"), "Pages 1-2 of 2, only 2.1 mm a cell");
     const int width = pages->width();
     press("Zoom &In");
     EXPECT_GT(pages->width(), width);
+    EXPECT_EQ(press("&Fit to page"), "Page 1 of 1, only 2 mm a cell");
     press("&Close");
   });
   editor.Run(ID_FILE_PRINT_PREVIEW);
