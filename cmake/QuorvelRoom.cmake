@@ -51,7 +51,7 @@ function(quorvel_room name)
 endfunction()
 
 # Compiles the target's sources a folder at a time, so that each header is read once a folder. Names of a
-# folder's anonymous namespaces must differ for that; the preset asan builds every source by itself.
+# folder's anonymous namespaces must differ for that; the preset lint builds every source by itself.
 function(quorvel_units target)
   if(NOT QUORVEL_UNITS)
     return()
