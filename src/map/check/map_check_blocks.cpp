@@ -29,7 +29,7 @@ class BlockCheck {
 
   std::optional<std::int64_t> Offset(std::string_view path) {
     if (const DataLeaf* leaf = text_.Tree().FindLeaf(path)) return ToInt(leaf->GetValue());
-    Report(std::string(path) + " is missing");
+    Report(fmt::format("{} is missing", path));
     return {};
   }
 
