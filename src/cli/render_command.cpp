@@ -51,7 +51,7 @@ std::string RequireName(const std::string& name) {
 
 bool IsIndexMember(const ClassDef& cellClass, const std::string& name) {
   const MemberDef* member = cellClass.FindMember(name);
-  return member != nullptr && member->GetKind() == MemberKind::Index;
+  return member && member->GetKind() == MemberKind::Index;
 }
 
 /// Keeps the library's remarks about the desktop away from the tool's messages.

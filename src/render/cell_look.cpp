@@ -55,7 +55,7 @@ CellLook CellLook::Of(const MapContents& map, const MapLook& look, CellCoord cel
 
   result.hasRecord = true;
   result.colours = CellColours::Of(look, *record);
-  if (look.labels == Labels::Hidden || result.colours.isFaded || map.m_pCellClass == nullptr) return result;
+  if (look.labels == Labels::Hidden || result.colours.isFaded || !map.m_pCellClass) return result;
   for (const auto& member : map.m_pCellClass->Members()) {
     for (QString& line : LabelLines(*member, *record)) result.label.push_back(std::move(line));
   }

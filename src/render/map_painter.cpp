@@ -147,7 +147,7 @@ void Pass::PaintCell(CellCoord cell, Place column, Place row) {
 }
 
 void Pass::PaintLabel(const CellRecord& record, const CellShape& shape, QPoint corner, QRgb fill) {
-  if (map_.m_pCellClass == nullptr) return;
+  if (!map_.m_pCellClass) return;
   const QRect label = shape.label.translated(corner);
   const PixelArea::Ground ground = shape.isLabelOnFill ? PixelArea::Ground::Plain : PixelArea::Ground::Mixed;
   QPoint place = label.topLeft();
@@ -195,7 +195,7 @@ MapPainter::~MapPainter() = default;
 void MapPainter::Paint(const MapContents& map, const MapLook& look, QImage& frame, std::int64_t originX,
                        std::int64_t originY, const QRect& area) {
   const QRect clip = area & frame.rect();
-  if (map.m_pGrid == nullptr || clip.isEmpty()) return;
+  if (!map.m_pGrid || clip.isEmpty()) return;
   caches_->PrepareFor(look);
   Pass pass(map, look, *caches_->shapes, *caches_->labels, caches_->shades, PixelArea(frame, clip),
             {originX, originY});

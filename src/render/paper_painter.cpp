@@ -91,7 +91,7 @@ QRect Sheet::OnPaper(const MapRect& rect) const {
 
 /// Hexagons and texts, if every cell has a record.
 std::int64_t Sheet::CountPieces() const {
-  const bool hasTexts = look_.labels == Labels::Shown && map_.m_pCellClass != nullptr;
+  const bool hasTexts = look_.labels == Labels::Shown && map_.m_pCellClass;
   const std::int64_t texts = hasTexts ? static_cast<std::int64_t>(map_.m_pCellClass->Members().size()) : 0;
   return std::int64_t{cells_.lastColumn - cells_.firstColumn + 1} * (cells_.lastRow - cells_.firstRow + 1) *
          (1 + texts);
@@ -182,7 +182,7 @@ void Sheet::DrawInverted(CellCoord cell) {
 
 void PaintOnPaper(QPainter& painter, const MapContents& map, const MapLook& look, const MapRect& part,
                   const AfterRow& afterRow) {
-  if (map.m_pGrid == nullptr || part.IsEmpty()) return;
+  if (!map.m_pGrid || part.IsEmpty()) return;
   painter.save();
   painter.setRenderHint(QPainter::LosslessImageRendering);
   painter.setClipRect(QRect(0, 0, static_cast<int>(part.Width()), static_cast<int>(part.Height())),

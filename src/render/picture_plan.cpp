@@ -71,7 +71,7 @@ MapLook LookOf(const MapContents& map, const PictureRequest& request, float cell
 
 std::optional<PicturePlan> PicturePlan::For(const MapContents& map, const PictureRequest& request,
                                             const PictureKind& kind, std::string& errorText) {
-  if (map.m_pGrid == nullptr) {
+  if (!map.m_pGrid) {
     errorText += "There is no map to draw.\n";
     return std::nullopt;
   }

@@ -31,7 +31,7 @@ std::string DescribeType(const TypeDef& type) {
     for (const auto& member : static_cast<const ClassDef&>(type).Members()) {
       const TypeDef* reference = member->GetRefType();
       text += fmt::format(" {} {} {} {};", member->GetName(), static_cast<int>(member->GetKind()),
-                          DescribeDefault(*member), reference == nullptr ? "-" : reference->GetName());
+                          DescribeDefault(*member), reference ? reference->GetName() : "-");
     }
     return text;
   }
@@ -156,7 +156,7 @@ std::string DescribeTypes(const TypeList& types) {
 
 std::string Describe(const MapContents& contents) {
   std::string text = fmt::format("form {}\n", contents.m_nDataType) + DescribeTypes(*contents.m_pTypes);
-  if (contents.m_pGrid == nullptr) return text + "no grid\n";
+  if (!contents.m_pGrid) return text + "no grid\n";
   const CellGrid& grid = *contents.m_pGrid;
   text += fmt::format("{} x {}\n", grid.Width(), grid.Height());
   for (auto record = grid.Following(-1); record; record = grid.Following(record->index))

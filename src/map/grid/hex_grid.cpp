@@ -80,7 +80,7 @@ CellRecord CellGrid::RecordAt(std::int32_t index) const {
 bool CellGrid::HasRecord(std::int32_t index) const {
   if (!IsValid(index)) return false;
   const Page* page = pages_[index / kPageCells].get();
-  return page != nullptr && (page->present & Bit(index)) != 0;
+  return page && (page->present & Bit(index)) != 0;
 }
 
 std::optional<CellRecord> CellGrid::Find(std::int32_t index) const {

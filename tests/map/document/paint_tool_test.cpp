@@ -65,7 +65,7 @@ TEST_F(PaintTool, EditorsAreCreatedOnceWithTheDefaults) {
   EXPECT_THAT(names, ElementsAre("Name", "Count", "Part", "Size", "Weight", "Kind"));
   EXPECT_EQ(FindEditor(document, 10001), &EditBox(document, "Name"));
   EXPECT_EQ(FindEditor(document, 10003), &ComboBox(document, "Part"));
-  EXPECT_EQ(FindEditor(document, 10007), nullptr);
+  EXPECT_FALSE(FindEditor(document, 10007));
 
   EditBox(document, "Count").SetText("8");
   SelectTool(document, kPointerTool);
@@ -169,10 +169,10 @@ TEST(MemberEditors, ComeWithTheDefinitionsOnceForMembersThatShareAClass) {
   MapContents contents;
   std::string errorText;
   BuildTypes(file, contents, errorText);
-  ASSERT_NE(contents.m_pCellClass, nullptr);
+  ASSERT_TRUE(contents.m_pCellClass);
   const auto& members = contents.m_pCellClass->Members();
   ASSERT_EQ(members.size(), 2U);
-  ASSERT_NE(EditorOf(*members[1]), nullptr);
+  ASSERT_TRUE(EditorOf(*members[1]));
   const MemberEditor* before = EditorOf(*members[0]);
   AttachEditor(*members[0]);
   EXPECT_EQ(EditorOf(*members[0]), before);

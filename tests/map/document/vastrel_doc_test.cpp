@@ -103,7 +103,7 @@ TEST_F(VastrelDoc, WantOfMemoryKeepsTheFileOnSaveAndOpensNothing) {
   FailEveryAllocation([&] { isDone = fresh->OnOpenDocument(path); },
                       [&] {
                         check("open");
-                        EXPECT_EQ(fresh->m_pGrid != nullptr, isDone);
+                        EXPECT_EQ(bool(fresh->m_pGrid), isDone);
                         fresh = std::make_unique<CVastrelDoc>(world.services);
                       });
   EXPECT_GT(refused, 20);
@@ -236,7 +236,7 @@ TEST_F(VastrelDoc, WantOfMemoryInTheFillLeavesNoMap) {
                                                   "the map.\n"));
                         }
                         EXPECT_EQ(isMade ? Describe(*fresh) : whole, whole);
-                        EXPECT_EQ(fresh->m_pGrid != nullptr, isMade);
+                        EXPECT_EQ(bool(fresh->m_pGrid), isMade);
                         EXPECT_EQ(fresh->IsModified(), isMade);
                         EXPECT_EQ(owner.released, isMade ? 0 : 1);
                         begin();

@@ -48,7 +48,7 @@ MapContents LoadedByBothRoads(const std::string& bytes, std::string& errorText) 
   } else {
     EXPECT_EQ(streamedErrors, "");
   }
-  if (through->m_pGrid == nullptr) {
+  if (!through->m_pGrid) {
     EXPECT_NE(errorText, "");
   }
   return std::move(*through);
@@ -151,7 +151,7 @@ TEST(MapReader, TakesTheSizeFromTheFileOrTheMapClass) {
     EXPECT_EQ(contents.m_pGrid->Width(), row.width);
     EXPECT_EQ(contents.m_pGrid->Height(), row.height);
     EXPECT_EQ(contents.m_pGrid->Count(), row.records);
-    EXPECT_EQ(errorText, contents.m_pMapClass == nullptr ? "Map definition not found.\n" : "");
+    EXPECT_EQ(errorText, contents.m_pMapClass ? "" : "Map definition not found.\n");
   }
 }
 
@@ -298,7 +298,7 @@ TEST(MapReader, ReadsFilesCutAnywhereOrRefusesThem) {
     for (std::size_t length = 0; length < bytes.size(); ++length) {
       SCOPED_TRACE(fmt::format("form {}, {} bytes", NameOf(form), length));
       std::string errorText;
-      loaded += LoadedByBothRoads(bytes.substr(0, length), errorText).m_pGrid != nullptr ? 1 : 0;
+      loaded += LoadedByBothRoads(bytes.substr(0, length), errorText).m_pGrid ? 1 : 0;
     }
     EXPECT_GT(loaded, 0);  // a text form without its last cells; a binary form without its last zero
   }

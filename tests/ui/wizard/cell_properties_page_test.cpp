@@ -177,7 +177,7 @@ TEST(CellPropertiesPage, EditsTextsInPlace) {
   const auto slowClicks = [](CellPageRun& run) {
     QApplication::setDoubleClickInterval(1);
     for (int click = 0; click < 2; ++click) run.ClickValue(0);
-    EXPECT_TRUE(QTest::qWaitFor([&run] { return run.Editor() != nullptr; }));
+    EXPECT_TRUE(QTest::qWaitFor([&run] { return bool(run.Editor()); }));
   };
   const std::function<void(CellPageRun&)> ways[] = {
       [](CellPageRun& run) { QTest::keyClick(&run.Values(), Qt::Key_F2); },
