@@ -2,6 +2,7 @@
 
 #include <fmt/format.h>
 
+#include "data/member_kinds.h"
 #include "map/file/map_file_layout.h"
 
 namespace quorvel {
@@ -23,10 +24,10 @@ void SetOffsets(DataBranch& tree, BlockOffsets offsets) {
 void AddBinaryVersion(DataBranch& tree) {
   SetString(tree, "Version/Warning", "Do not manually edit this file.");
   SetOffsets(tree, {});
-  for (const char* kind : {"string", "int", "float", "index"}) {
-    SetInt(tree, fmt::format("Version/Data/Sizes/{}", kind), kValueBytes);
+  for (const std::string_view kind : kMemberKindNames) {
+    const bool isObject = kind == KindName(MemberKind::Object);
+    SetInt(tree, fmt::format("Version/Data/Sizes/{}", kind), isObject ? 0 : kValueBytes);
   }
-  SetInt(tree, "Version/Data/Sizes/object", 0);
 }
 
 void AddGalaxy(DataBranch& tree, const CellGrid& grid) {
