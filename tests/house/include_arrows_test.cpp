@@ -4,8 +4,10 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iterator>
 #include <map>
 #include <optional>
+#include <regex>
 #include <set>
 #include <string>
 #include <string_view>
@@ -112,6 +114,37 @@ std::string FolderOf(std::string_view path) {
 
 std::string RoomOf(const std::string& folder) {
   return folder.substr(0, folder.find('/'));
+}
+
+/// "/map/grid" of "src/map/grid" and of "tests/map/grid".
+std::string WithoutTree(const std::string& path) {
+  return path.substr(std::min(path.find('/'), path.size()));
+}
+
+TEST(Pages, NameOnlyFilesThatAreThere) {
+  const std::regex named("`([a-z_/]+\\.(h|cpp))`");
+  const fs::path root(QUORVEL_SOURCE_DIR);
+  std::vector<std::string> files = {"ARCHITECTURE.md", "README.md"};
+  for (const char* tree : {"src", "tests", "bench", "fuzz"}) {
+    for (const auto& entry : fs::recursive_directory_iterator(root / tree))
+      files.push_back(fs::relative(entry.path(), root));
+  }
+  for (const std::string& page : files) {
+    if (!page.ends_with(".md")) continue;
+    std::ifstream source(root / page);
+    const std::string text{std::istreambuf_iterator<char>(source), {}};
+    for (std::sregex_iterator word(text.begin(), text.end(), named), end; word != end; ++word) {
+      const std::string name = (*word)[1];
+      // A bare name is a file of the page's own folder or of its tests.
+      const std::string folder = name.find('/') != name.npos ? "" : WithoutTree(FolderOf(page));
+      EXPECT_TRUE(std::ranges::any_of(files,
+                                      [&](const std::string& file) {
+                                        return ('/' + file).ends_with('/' + name) &&
+                                               WithoutTree(file).starts_with(folder);
+                                      }))
+          << page << " names " << name;
+    }
+  }
 }
 
 TEST(SubRooms, AreAllKnownAndEachHasAReadmeAndItsTestsAtTheSamePlace) {
