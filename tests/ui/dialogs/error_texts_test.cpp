@@ -5,6 +5,7 @@
 #include "tests/map/map_samples.h"
 #include "tests/ui/editor.h"
 #include "tests/ui/modal_script.h"
+#include "ui/wizard/map_wizard.h"
 
 namespace quorvel {
 namespace {
@@ -23,6 +24,15 @@ ModalSteps Says(std::string text) {
 void AcceptType(QDialog& dialog) {
   Press(dialog, IDOK);
 }
+void FinishWizard(QDialog& wizard) {
+  while (FindControl<QAbstractButton>(wizard, ID_WIZNEXT)->isVisible()) Press(wizard, ID_WIZNEXT);
+  Press(wizard, ID_WIZFINISH);
+}
+void Discard(QDialog& dialog) {
+  auto& box = dynamic_cast<QMessageBox&>(dialog);
+  EXPECT_TRUE(box.text().startsWith("Save changes to ")) << box.text().toStdString();
+  box.button(QMessageBox::Discard)->click();
+}
 void CancelWizard(QDialog& wizard) {
   EXPECT_EQ(wizard.windowTitle(), "Map Properties");
   Press(wizard, IDCANCEL);
@@ -36,17 +46,20 @@ TEST(ErrorTexts, OfNewMaps) {
       "[Classes/Map] type='class' [Classes/Map/Width] type='int' range='1<3<5' [Classes/Map/Height] "
       "type='int' "
       "range='1<4<5'");
-  const std::tuple<std::string, std::vector<ModalSteps>, std::string> rows[] = {
-      {Lines("[Classes/Cell] type='class'"), {}, "Map definition not found.\n"},
-      {map, {CancelWizard}, "Cell definition not found.\n"},
-      {"", {RefuseToLocate}, "Definition file error:\nDefault definitions file unavailable.\n"}};
-  for (const auto& [definitions, before, text] : rows) {
+  using Steps = std::vector<ModalSteps>;
+  const std::tuple<std::string, Steps, std::string, Steps> rows[] = {
+      {Lines("[Classes/Cell] type='class'"), {}, "Map definition not found.\n", {}},
+      {map, {CancelWizard}, "Cell definition not found.\n", {}},
+      {map, {FinishWizard}, "Cell definition not found.\n", {Discard}},
+      {"", {RefuseToLocate}, "Definition file error:\nDefault definitions file unavailable.\n", {}}};
+  for (const auto& [definitions, before, text, after] : rows) {
     SCOPED_TRACE(text);
     Editor editor(Answers::InWindows);
     if (!definitions.empty()) editor.GiveDefinitions(definitions);
     std::vector<ModalSteps> script = {AcceptType};
     script.insert(script.end(), before.begin(), before.end());
     script.push_back(Says(text));
+    script.insert(script.end(), after.begin(), after.end());
     WhenModals(script);
     editor.Run(ID_FILE_NEW);
     editor.Settle();
@@ -65,7 +78,7 @@ TEST(ErrorTexts, OfMapFiles) {
     SCOPED_TRACE(text);
     Editor editor(Answers::InWindows);
     WhenModals({Says(text)});
-    EXPECT_EQ(editor.Open(editor.folder.Write("map.gdf", file)) != nullptr, opens);
+    EXPECT_EQ(bool(editor.Open(editor.folder.Write("map.gdf", file))), opens);
     EXPECT_EQ(editor.app.GetRecentFiles().Paths().size(), opens ? 1U : 0U);
   }
 }
