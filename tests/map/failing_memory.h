@@ -15,19 +15,23 @@ class FailingMemory {
   static bool HasFailed();
 };
 
-/// Calls `act()` as often as it allocates, each time with the next allocation failing, and a last time with
-/// none; `check()` after each call.
+/// Calls `act()`, which tells whether it was done, as often as it allocates, each time with the next
+/// allocation failing, and a last time with none; `check(isDone)` after each call. How often it was not done.
 template <class Act, class Check>
-void FailEveryAllocation(Act act, Check check) {
+int RefusalsOf(Act act, Check check) {
+  int refusals = 0;
   bool hasFailed = true;
   for (int granted = 0; hasFailed; ++granted) {
+    bool isDone = false;
     {
       const FailingMemory memory(granted);
-      act();
+      isDone = act();
       hasFailed = FailingMemory::HasFailed();
     }
-    check();
+    refusals += isDone ? 0 : 1;
+    check(isDone);
   }
+  return refusals;
 }
 
 }  // namespace quorvel

@@ -137,26 +137,25 @@ TEST_F(PaintTool, WantOfMemoryEndsTheStrokeAndLeavesTheCell) {
       SetCurrentCell(*fresh, &kCell);
     };
     begin();
-    int refused = 0;
-    FailEveryAllocation([&] { ApplyTool(*fresh, ToolPhase::Pressed); },
-                        [&] {
-                          const std::vector<std::string> messages = world.prompts.TakeMessages();
-                          EXPECT_EQ(ValueText(*fresh, 5, "Name"), messages.empty() ? kText : "-");
-                          EXPECT_EQ(fresh->IsModified(), messages.empty());
-                          if (!messages.empty()) {
-                            ++refused;
-                            EXPECT_THAT(messages,
-                                        ElementsAre("Map file error:\n\nThere is not enough memory to "
-                                                    "paint the cell.\n"));
-                            constexpr CellCoord kNext{2, 1};
-                            SetCurrentCell(*fresh, &kNext);
-                            ApplyTool(*fresh, ToolPhase::Moved);
-                            EXPECT_EQ(fresh->m_pGrid->Count(), 0);
-                          }
-                          fresh->OnCloseDocument();
-                          begin();
-                        });
-    EXPECT_GT(refused, 2);
+    const auto paint = [&] {
+      ApplyTool(*fresh, ToolPhase::Pressed);
+      return world.prompts.messages.empty();
+    };
+    const auto check = [&](bool isDone) {
+      EXPECT_EQ(ValueText(*fresh, 5, "Name"), isDone ? kText : "-");
+      EXPECT_EQ(fresh->IsModified(), isDone);
+      if (!isDone) {
+        EXPECT_THAT(world.prompts.TakeMessages(),
+                    ElementsAre("Map file error:\n\nThere is not enough memory to paint the cell.\n"));
+        constexpr CellCoord kNext{2, 1};
+        SetCurrentCell(*fresh, &kNext);
+        ApplyTool(*fresh, ToolPhase::Moved);
+        EXPECT_EQ(fresh->m_pGrid->Count(), 0);
+      }
+      fresh->OnCloseDocument();
+      begin();
+    };
+    EXPECT_GT(RefusalsOf(paint, check), 2);
   }
 }
 

@@ -1,6 +1,5 @@
 #include "map/document/vastrel_doc.h"
 
-#include <cstring>
 #include <sstream>
 
 #include <gmock/gmock.h>
@@ -53,60 +52,38 @@ class VastrelDoc : public testing::Test {
   LoggingView view;
 };
 
-TEST_F(VastrelDoc, OpensWhatItSaved) {
-  for (const FileForm form : {FileForm::Text, FileForm::Binary}) {
-    document.Adopt(SampleMap(5, 4, 1));
-    document.m_nDataType = DataTypeOf(form);
-    ASSERT_TRUE(document.OnSaveDocument(folder / "map.vrl"));
-    EXPECT_EQ(folder.Read("map.vrl"), Saved(document));
-
-    CVastrelDoc again(world.services);
-    ASSERT_TRUE(again.OnOpenDocument(folder / "map.vrl"));
-    EXPECT_EQ(Saved(again), folder.Read("map.vrl"));
-    EXPECT_FALSE(again.IsModified());
-    again.OnIdle();  // has its map: no new one is made
-    EXPECT_TRUE(world.mapDialogs.limits.empty());
-  }
-  EXPECT_TRUE(world.prompts.messages.empty());
-}
-
 TEST_F(VastrelDoc, WantOfMemoryKeepsTheFileOnSaveAndOpensNothing) {
   document.Adopt(SampleMap(5, 4, 1));
   const std::string path = folder / "map.vrl", whole = Saved(document);
-  bool isDone = false;
-  int refused = 0;
-  const auto check = [&](const char* verb) {
-    const std::vector<std::string> messages = world.prompts.TakeMessages();
-    if (isDone) {
-      EXPECT_THAT(messages, IsEmpty());
-    } else {
-      ++refused;
-      EXPECT_THAT(messages, ElementsAre(std::string("Cannot ") + verb + " " + path + ":\nNot enough memory"));
-    }
+  const auto expectMessage = [&](bool isDone, const char* verb) {
+    const std::string message = std::string("Cannot ") + verb + " " + path + ":\nNot enough memory";
+    EXPECT_EQ(world.prompts.TakeMessages(),
+              isDone ? std::vector<std::string>{} : std::vector<std::string>{message});
   };
-  folder.Write("map.vrl", "old");
-  document.SetModifiedFlag();
-  FailEveryAllocation([&] { isDone = document.OnSaveDocument(path); },
-                      [&] {
-                        check("save");
-                        EXPECT_EQ(document.IsModified(), !isDone);
-                        EXPECT_EQ(folder.Read("map.vrl"), isDone ? whole : "old");
-                        EXPECT_THAT(folder.Names(), ElementsAre("map.vrl"));
-                        document.SetModifiedFlag();
-                        folder.Write("map.vrl", "old");
-                      });
-  EXPECT_GT(refused, 20);
+  const auto begin = [&] {
+    document.SetModifiedFlag();
+    folder.Write("map.vrl", "old");
+  };
+  begin();
+  const int unsaved = RefusalsOf([&] { return document.OnSaveDocument(path); },
+                                 [&](bool isDone) {
+                                   expectMessage(isDone, "save");
+                                   EXPECT_EQ(document.IsModified(), !isDone);
+                                   EXPECT_EQ(folder.Read("map.vrl"), isDone ? whole : "old");
+                                   EXPECT_THAT(folder.Names(), ElementsAre("map.vrl"));
+                                   begin();
+                                 });
+  EXPECT_GT(unsaved, 20);
 
-  refused = 0;
   folder.Write("map.vrl", whole);
   auto fresh = std::make_unique<CVastrelDoc>(world.services);
-  FailEveryAllocation([&] { isDone = fresh->OnOpenDocument(path); },
-                      [&] {
-                        check("open");
-                        EXPECT_EQ(bool(fresh->m_pGrid), isDone);
-                        fresh = std::make_unique<CVastrelDoc>(world.services);
-                      });
-  EXPECT_GT(refused, 20);
+  const int unopened = RefusalsOf([&] { return fresh->OnOpenDocument(path); },
+                                  [&](bool isDone) {
+                                    expectMessage(isDone, "open");
+                                    EXPECT_EQ(bool(fresh->m_pGrid), isDone);
+                                    fresh = std::make_unique<CVastrelDoc>(world.services);
+                                  });
+  EXPECT_GT(unopened, 20);
 }
 
 TEST_F(VastrelDoc, ShowsTheErrorTextOfAFileOnce) {
@@ -121,14 +98,6 @@ TEST_F(VastrelDoc, ShowsTheErrorTextOfAFileOnce) {
   EXPECT_THAT(world.prompts.TakeMessages(),
               ElementsAre("Map file error:\n\nMap width 0 is below 1.\nMap height 0 is below 1.\n"));
   EXPECT_EQ(document.m_pGrid->Count(), 1);  // a refused file leaves the document as it was
-}
-
-TEST_F(VastrelDoc, KeepsTheFileWhenAMapCannotBeSaved) {
-  folder.Write("old.vrl", "old");
-  EXPECT_FALSE(document.OnSaveDocument(folder / "old.vrl"));
-  EXPECT_THAT(world.prompts.messages, ElementsAre("Map file error:\n\nThere is no map to save.\n"));
-  EXPECT_EQ(folder.Read("old.vrl"), "old");
-  EXPECT_THAT(folder.Names(), ElementsAre("old.vrl"));
 }
 
 TEST_F(VastrelDoc, AProductMapAsksForItsFormUnderANewName) {
@@ -224,24 +193,21 @@ TEST_F(VastrelDoc, WantOfMemoryInTheFillLeavesNoMap) {
   fresh->OnIdle();
   const std::string whole = Describe(*fresh);
   begin();
-  int refused = 0;
-  FailEveryAllocation([&] { fresh->OnIdle(); },
-                      [&] {
-                        const std::vector<std::string> messages = world.prompts.TakeMessages();
-                        const bool isMade = messages.empty();
-                        if (!isMade) {
-                          ++refused;
-                          EXPECT_THAT(messages,
-                                      ElementsAre("Map file error:\n\nThere is not enough memory for "
-                                                  "the map.\n"));
-                        }
-                        EXPECT_EQ(isMade ? Describe(*fresh) : whole, whole);
-                        EXPECT_EQ(bool(fresh->m_pGrid), isMade);
-                        EXPECT_EQ(fresh->IsModified(), isMade);
-                        EXPECT_EQ(owner.released, isMade ? 0 : 1);
-                        begin();
-                      });
-  EXPECT_GT(refused, 100);
+  const auto fill = [&] {
+    fresh->OnIdle();
+    return world.prompts.messages.empty();
+  };
+  const auto check = [&](bool isDone) {
+    if (!isDone) {
+      EXPECT_THAT(world.prompts.TakeMessages(),
+                  ElementsAre("Map file error:\n\nThere is not enough memory for the map.\n"));
+    }
+    EXPECT_EQ(fresh->m_pGrid ? Describe(*fresh) : "", isDone ? whole : "");
+    EXPECT_EQ(fresh->IsModified(), isDone);
+    EXPECT_EQ(owner.released, isDone ? 0 : 1);
+    begin();
+  };
+  EXPECT_GT(RefusalsOf(fill, check), 100);
 }
 
 TEST_F(VastrelDoc, DoesNotSaveWhatCouldNotBeOpenedAgain) {
@@ -283,19 +249,6 @@ TEST_F(VastrelDoc, SaysWhyTheDefinitionsCannotBeRead) {
   errorText.clear();
   EXPECT_FALSE(document.LoadDefaultDefinitions(file, errorText));
   EXPECT_EQ(errorText, "Definition file error:\n'" + folder.Path() + "'\nFile error.\nCause: Is a directory");
-}
-
-TEST_F(VastrelDoc, StoresAValueInOnePlace) {
-  document.Adopt(SampleMap(3, 3, 1));
-  view.hints.clear();
-  const CellRecord record = *CreateCell(document, {1, 2});
-  const MemberDef* count = document.m_pCellClass->FindMember("Count");
-  const std::int32_t value = 42;
-  document.StoreCellValue(record, *count, &value);
-
-  EXPECT_EQ(std::memcmp(count->GetValuePtr(record.data), &value, sizeof value), 0);
-  EXPECT_TRUE(document.IsModified());
-  EXPECT_THAT(view.hints, ElementsAre("cell 1:2"));
 }
 
 }  // namespace

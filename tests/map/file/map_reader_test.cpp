@@ -366,37 +366,24 @@ TEST(MapReader, ReadsInputThatCannotSeek) {
 
 TEST(MapReader, WantOfMemoryGivesTheWholeMapOrNothing) {
   MapContents sample = SampleMap(20, 10, 3);
-  const struct {
-    const char* title;
-    std::string bytes;
-  } rows[] = {
-      {"text", SavedAs(sample, FileForm::Text)},
-      {"text that takes the tree", SavedAs(sample, FileForm::Text) + Lines("[Objects/Galaxy/Cells/7]")},
-      {"binary", SavedAs(sample, FileForm::Binary)}};
-  for (const auto& row : rows) {
-    SCOPED_TRACE(row.title);
+  const std::string text = SavedAs(sample, FileForm::Text);
+  for (const std::string& bytes : {text, text + Lines("[Objects/Galaxy/Cells/7]"),  // takes the tree
+                                   SavedAs(sample, FileForm::Binary)}) {
     std::string errorText;
-    const std::string expected = Describe(Loaded(row.bytes, errorText));
+    const std::string expected = Describe(Loaded(bytes, errorText));
     NullFeedback feedback;
-    std::stringbuf file(row.bytes);
+    std::stringbuf file(bytes);
     MapContents contents;
-    Outcome outcome = Outcome::Done;
-    errorText.clear();
-    int refused = 0;
-    FailEveryAllocation([&] { outcome = LoadMapFile(file, contents, feedback, errorText); },
-                        [&] {
-                          if (outcome == Outcome::NoMemory) {
-                            ++refused;
-                            EXPECT_EQ(errorText, "There is not enough memory to open the map.\n");
-                            EXPECT_FALSE(contents.m_pGrid);
-                          } else {
-                            EXPECT_EQ(outcome, Outcome::Done);
-                            EXPECT_EQ(Describe(contents), expected);
-                          }
-                          contents = MapContents();
-                          errorText.clear();
-                        });
-    EXPECT_GT(refused, 50);
+    const auto load = [&] { return LoadMapFile(file, contents, feedback, errorText) == Outcome::Done; };
+    EXPECT_GT(RefusalsOf(load,
+                         [&](bool isDone) {
+                           EXPECT_EQ(errorText,
+                                     isDone ? "" : "There is not enough memory to open the map.\n");
+                           EXPECT_EQ(contents.m_pGrid ? Describe(contents) : "", isDone ? expected : "");
+                           contents = MapContents();
+                           errorText.clear();
+                         }),
+              50);
   }
 }
 

@@ -96,34 +96,6 @@ TEST(MapFill, CoverageAndSharesAgainstTheDraws) {
   }
 }
 
-TEST(MapFill, WhereRegionsBeginAndMeet) {
-  struct Row {
-    const char* why;
-    int width, height;
-    std::vector<ValueRow> values;
-    std::string cells;  // "-": a seed, or a border
-  };
-  const std::vector<ValueRow> corners = {{"A", 0, 0, 0}, {"B", 0, 100, 100}};
-  const std::vector<ValueRow> lowest = {{"A", 0, 50, 100}, {"B", 0, 50, 100}, {"C", 0, 50, 100}};
-  const Row rows[] = {
-      {"an origin left of the first column: the lowest free cell", 6, 4, corners, "-AAA-BAAA-BBAA-BBBA-BBB-"},
-      {"one border cell between an odd number of columns", 5, 1, corners, "-A-B-"},
-      {"none between an even number", 4, 1, corners, "-AB-"},
-      {"three of one origin begin at 3, 0 and 1", 7, 1, lowest, "----AAA"},
-      {"the widest map whose right edge is hit", 24, 1, {{"A", 0, 100, 100}}, std::string(23, 'A') + "-"},
-      {"one wider: past the hit test", 25, 1, {{"A", 0, 100, 100}}, "-" + std::string(24, 'A')}};
-  for (const Row& row : rows) {
-    MapContents map = EmptySampleMap(row.width, row.height);
-    CPropertySettingList region;
-    AddSetting(region, Member(map, "Name"), 100, row.values);
-    FillLog log;
-    FillMap(map, {}, region, 0, log, log);
-    std::string cells;
-    for (const std::string& name : Values(map, "Name")) cells += name;
-    EXPECT_EQ(cells, row.cells) << row.why;
-  }
-}
-
 TEST(MapFill, CellsWithoutAnInstanceArePassedOver) {
   MapContents map;
   map.m_pCellClass = map.m_pTypes->Add(std::make_unique<ClassDef>("Cell"));  // empty: makes none
@@ -146,7 +118,7 @@ TEST(MapFill, AgreesWithTheBook) {
   const auto percent = [&] { return static_cast<float>(random.Next() % 1'301) / 10 - 10; };
   for (int round = 0; round < 150; ++round) {
     SCOPED_TRACE(round);
-    const int width = 1 + random.Next() % 12, height = 1 + random.Next() % 9;
+    const int width = 1 + random.Next() % (round % 10 != 0 ? 12 : 30), height = 1 + random.Next() % 9;
     MapContents map = EmptySampleMap(width, height), judge = EmptySampleMap(width, height);
     CPropertySettingList global, region, judgeGlobal, judgeRegion;
     for (const char* name : {"Count", "Name", "Kind", "Part", "no such member"}) {

@@ -32,9 +32,6 @@ class TestFrames : public FrameHost {
   void RequestIdle() override { ++idleRequests; }
 
   void EndLateViews() { views_.clear(); }
-  void UserClosesFrame(CDocument& document) {
-    if (document.CanCloseFrame()) views_.erase(&document);
-  }
 
  private:
   std::multimap<CDocument*, std::unique_ptr<LoggingView>> views_;
@@ -154,16 +151,6 @@ TEST_F(App, EndsAReleasedDocumentInTheNextIdlePassOnly) {
   EXPECT_GT(frames.idleRequests, before);
   app.OnIdle();
   EXPECT_EQ(TextDocument::ended, 2);
-}
-
-TEST_F(App, ReleasesADocumentWhoseLastFrameTheUserCloses) {
-  TextDocument& document = New();
-  document.SetModifiedFlag();
-  prompts.answers = {Answer::Cancel, Answer::Discard};
-  frames.UserClosesFrame(document);
-  EXPECT_EQ(app.Documents().size(), 1U);
-  frames.UserClosesFrame(document);
-  EXPECT_TRUE(app.Documents().empty());
 }
 
 TEST_F(App, LetsADocumentCloseItselfWhileItIsIdle) {

@@ -51,18 +51,6 @@ TEST(EditJournal, IsFoundAgainAfterItsProgramWasKilled) {
   EXPECT_THAT(Records(found[0]->Path()), ElementsAre("first", "after the cut"));
 }
 
-TEST(EditJournal, IsRemovedWithItsBase) {
-  const TempFolder folder;
-  const auto journal = EditJournal::Create(folder.Path());
-  ASSERT_TRUE(journal);
-  journal->Append("edit");
-  std::ofstream(journal->BasePath()) << "base";
-  EXPECT_EQ(folder.Names().size(), 2U);
-  journal->Remove();
-  EXPECT_THAT(folder.Names(), ElementsAre());
-  EXPECT_FALSE(journal->Append("edit"));
-}
-
 TEST(EditJournal, EndsAtTheFirstDamagedRecord) {
   const TempFolder folder;
   const auto journal = EditJournal::Create(folder.Path());
