@@ -20,17 +20,6 @@ class StatusFeedback : public NullFeedback {
   std::vector<std::string> texts;
 };
 
-class FilterDialogs : public ScriptedMapDialogs {
- public:
-  std::optional<CPropertySettingList> ChooseFilter(const CPropertySettingList* current,
-                                                   const ClassDef* cellClass) override {
-    openedWith.emplace_back(current, cellClass);
-    return std::exchange(answer, std::nullopt);
-  }
-  std::optional<CPropertySettingList> answer;
-  std::vector<std::pair<const CPropertySettingList*, const ClassDef*>> openedWith;
-};
-
 /// A document of a 4 x 3 map with a property of every kind, and one view on it.
 class Editing : public testing::Test {
  protected:
@@ -57,9 +46,9 @@ class Editing : public testing::Test {
   std::vector<std::string> TakeHints() { return view.TakeHints(); }
 
   StatusFeedback feedback;
-  FilterDialogs dialogs;
   ScriptedServices world;
-  Services services{world.prompts, feedback, dialogs, world.toolOptions, world.settings, world.clock, ""};
+  Services services{world.prompts, feedback, world.mapDialogs, world.toolOptions, world.settings,
+                    world.clock,   ""};
   CVastrelDoc document;
   LoggingView view;
 };
@@ -140,25 +129,6 @@ TEST_F(Editing, ToolsAndTheirCursors) {
   EXPECT_EQ(Marks(), "............");
   EXPECT_EQ(SelectTool(document, kPointerTool), 0);
   EXPECT_EQ(document.m_hToolCursor, ToolCursor::Pointer);
-}
-
-TEST_F(Editing, AFilterIsReplacedOnFinishOnly) {
-  OnViewFilter(document);  // cancelled
-  EXPECT_FALSE(document.m_pFilter);
-  EXPECT_THAT(TakeHints(), IsEmpty());
-
-  dialogs.answer.emplace();
-  OnViewFilter(document);
-  const CPropertySettingList* chosen = document.m_pFilter.get();
-  ASSERT_TRUE(chosen);
-  EXPECT_THAT(TakeHints(), ElementsAre("all"));
-
-  document.m_pMapClass = nullptr;
-  OnViewFilter(document);
-  EXPECT_EQ(document.m_pFilter.get(), chosen);
-  const ClassDef* cell = document.m_pCellClass;
-  EXPECT_THAT(dialogs.openedWith,
-              ElementsAre(std::pair(nullptr, cell), std::pair(nullptr, cell), std::pair(chosen, nullptr)));
 }
 
 }  // namespace

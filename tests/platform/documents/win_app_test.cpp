@@ -120,20 +120,6 @@ TEST_F(App, AsksForTheFileToOpenAndForgetsOneThatItRefuses) {
   EXPECT_THAT(filters, ElementsAre("Plain Files (*.pln)", "Product Files (*.prd)", "All Files (*.*)"));
 }
 
-TEST_F(App, DropsARecentFileThatHasGone) {
-  for (const char* name : {"a.pln", "b.pln"}) {
-    folder.Write(name, "stars");
-    Open(name)->OnFileClose();
-  }
-  std::filesystem::remove(folder / "b.pln");
-  EXPECT_FALSE(app.OnOpenRecentFile(0));
-  EXPECT_THAT(prompts.messages,
-              ElementsAre("Cannot open " + folder / "b.pln" + ":\nNo such file or directory"));
-  EXPECT_THAT(app.GetRecentFiles().Paths(), ElementsAre(folder / "a.pln"));
-  EXPECT_TRUE(app.OnOpenRecentFile(0));
-  EXPECT_FALSE(app.OnOpenRecentFile(1));
-}
-
 TEST_F(App, EndsAReleasedDocumentInTheNextIdlePassOnly) {
   TextDocument& document = New();
   document.OnFileClose();

@@ -323,18 +323,6 @@ TEST(AtomicFile, WritesThroughDevicesAndFifos) {
   EXPECT_TRUE(std::filesystem::is_fifo(folder / "fifo"));
 }
 
-TEST(AtomicFile, WritesToStandardOutput) {
-  const TempFolder folder;
-  const std::string path = folder.Write("out", "");
-  const int status = RunInChild([&] {
-    dup2(open(path.c_str(), O_WRONLY), STDOUT_FILENO);
-    Save("-", kNew);
-    Save("-", "more");  // it stays open
-  });
-  EXPECT_EQ(status, 0);
-  EXPECT_TRUE(folder.Read("out") == kNew + "more");
-}
-
 TEST(AtomicFile, ReportsTheUsersLimitOfFileSizes) {
   const TempFolder folder;
   const std::string path = folder.Write("map", kOld);
