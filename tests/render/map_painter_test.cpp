@@ -1,8 +1,6 @@
 #include "render/map_painter.h"
 
-#include <algorithm>
 #include <random>
-#include <vector>
 
 #include <QImage>
 #include <QPainter>
@@ -148,53 +146,6 @@ TEST(MapPainter, PaintsPartsAsTheyAreInTheWhole) {
         EXPECT_EQ(Difference(part, expected), "");
       }
     }
-  }
-}
-
-TEST(MapPainter, RepaintsChangedCellsInAnyOrder) {
-  for (const float size : kSizes) {
-    for (const double ratio : {1.0, 1.5}) {
-      SCOPED_TRACE(testing::Message() << size << " px, ratio " << ratio);
-      MapContents map = MakeGalaxy(6, 6);
-      MapLook look = LookAt(map, size);
-      look.pixelRatio = ratio;
-      look.currentCell = {1, 1};
-      MapPainter painter;
-      QImage frame = EmptyFrame(*map.m_pGrid, look);
-      painter.Paint(map, look, frame, 0, 0, frame.rect());
-
-      std::vector<CellCoord> changed = {look.currentCell};
-      look.currentCell = {3, 2};
-      changed.push_back(look.currentCell);
-      std::mt19937 random(5);
-      for (int i = 0; i < 12; ++i) {
-        const auto index = static_cast<std::int32_t>(random() % 36);
-        const CellCoord cell = map.m_pGrid->CoordOf(index);
-        map.m_pCellMarks[static_cast<std::size_t>(index)] ^= 1;
-        if (i % 2 == 0 && CreateCell(map, cell)) SetValue(map, index, "Terrain", std::to_string(i % 6));
-        changed.push_back(cell);
-      }
-      std::shuffle(changed.begin(), changed.end(), random);
-      for (const CellCoord cell : changed) {
-        const MapRect ink = CellInk(look, cell);
-        painter.Paint(map, look, frame, 0, 0,
-                      QRect(static_cast<int>(ink.left), static_cast<int>(ink.top),
-                            static_cast<int>(ink.Width()), static_cast<int>(ink.Height())));
-      }
-      EXPECT_EQ(Difference(frame, PaintWhole(map, look)), "");
-    }
-  }
-}
-
-TEST(MapPainter, LeavesPixelsOutsideTheAreaAlone) {
-  const MapContents map = MakeGalaxy(4, 4);
-  const MapLook look = LookAt(map, 30);
-  QImage frame = EmptyFrame(*map.m_pGrid, look);
-  const QRect area(20, 15, 40, 50);
-  MapPainter().Paint(map, look, frame, 0, 0, area);
-  for (int y = 0; y < frame.height(); ++y) {
-    for (int x = 0; x < frame.width(); ++x)
-      ASSERT_EQ(frame.pixelColor(x, y) == Qt::magenta, !area.contains(x, y)) << x << "," << y;
   }
 }
 

@@ -44,13 +44,6 @@ QImage Painted(const MapContents& map, const MapLook& look, const MapRect& part)
   return frame;
 }
 
-TEST(RenderPng, ShowsTheMapAsTheViewDoes) {
-  const MapContents map = MakeGalaxy(10, 5);
-  const QImage picture = ReadPng(Rendered(RenderPng, map, RequestOf(40)));
-  EXPECT_EQ(picture.size(), QSize(351, 220));
-  EXPECT_EQ(picture, Painted(map, LookAt(map, 40), MapExtent(*map.m_pGrid, 40)));
-}
-
 TEST(RenderPng, FollowsTheRequest) {
   const MapContents map = MakeGalaxy(10, 5);
   PictureRequest request = RequestOf(60);
