@@ -41,6 +41,11 @@ void EnterSize(QDialog& wizard, int right, int down) {
 void EnterGlobalSettings(CellPageDriver page) {
   PressKey(page.Coverage(), Qt::Key_PageDown);
   page.Add(2);
+  page.Choose(1);
+  EXPECT_EQ(page.Coverage().value(), 100);
+  EXPECT_EQ(page.Shares(), "");
+  page.Choose(0);
+  EXPECT_EQ(page.Coverage().value(), 80) << "each property keeps its own";
   PressKey(*page.ShownShares()[1], Qt::Key_PageUp, 2);
   PressKey(page.Values(), Qt::Key_Down, 2);
   PressKey(page.Values(), Qt::Key_F2);
@@ -54,8 +59,7 @@ void EnterRegionSettings(CellPageDriver page) {
   PressKey(page.Picker(), Qt::Key_Down, 10);
   PressKey(page.Values(), Qt::Key_F2);
   ASSERT_TRUE(page.Editor());
-  QTest::keyClicks(page.Editor(), "21");
-  PressKey(*page.Editor(), Qt::Key_Return);
+  QTest::keyClicks(page.Editor(), "21");  // and the wizard ends while it is being typed
 }
 
 void Finish(QDialog& wizard) {
