@@ -2,7 +2,6 @@
 
 #include <fstream>
 
-#include <QComboBox>
 #include <QLabel>
 #include <QTextBrowser>
 #include <QTimer>
@@ -102,24 +101,6 @@ TEST(Help, OpensOneWindowWithTheBundledText) {
   const auto browsers = editor.Frame().findChildren<QTextBrowser*>();
   ASSERT_EQ(browsers.size(), 1);
   EXPECT_TRUE(browsers[0]->toPlainText().contains("Looking at a map"));
-}
-
-TEST(ToolOptions, ShowTheActiveDocumentsTool) {
-  Editor editor;
-  auto& combo = editor.Frame().ToolOptionsBar().MemberCombo();
-  const auto expectPainting = [&](bool paints) {
-    EXPECT_EQ(editor.Action(ID_TOOL_CELL_PROPERTY).isChecked(), paints);
-    EXPECT_EQ(combo.isEnabled(), paints);
-  };
-  CVastrelDoc* first = editor.Open(editor.WriteMap("a.vrl", 3, 3));
-  editor.Run(ID_TOOL_CELL_PROPERTY);
-  expectPainting(true);
-  EXPECT_EQ(combo.count(), 4);
-  editor.Open(editor.WriteMap("b.vrl", 3, 3));
-  expectPainting(false);  // the other document has the pointer
-  EXPECT_TRUE(editor.Action(ID_TOOL_POINTER).isChecked());
-  editor.Open(first->GetPathName());
-  expectPainting(true);
 }
 
 TEST(Panes, F6WalksMapToolbarAndToolOptions) {

@@ -164,12 +164,15 @@ TEST(Editing, TheBarHoldsTheEditorsOfTheMapInFront) {
   Replace(Box(editor), "First");
   const QPointer<QWidget> firstBox = &Box(editor);
   const CVastrelDoc& second = *editor.Open(editor.WriteMap("b.vrl", 3, 3));
+  EXPECT_TRUE(editor.Action(ID_TOOL_POINTER).isChecked()) << "the other map's tool";
+  EXPECT_FALSE(editor.Frame().ToolOptionsBar().MemberCombo().isEnabled());
   PaintWith(editor, kName);
   EXPECT_EQ(dynamic_cast<QLineEdit&>(Box(editor)).text(), "Sol");
   EXPECT_EQ(Box(editor).objectName(), "10001");
   Replace(Box(editor), "Second");
   PaintWith(editor, kOwner);
   EXPECT_EQ(Box(editor).objectName(), "10003");
+  editor.Run(ID_TOOL_POINTER);
 
   const auto textOf = [](const CVastrelDoc& document) {
     return dynamic_cast<const CMemberEdit&>(*FindEditor(document, 10001)).GetText();
@@ -177,6 +180,8 @@ TEST(Editing, TheBarHoldsTheEditorsOfTheMapInFront) {
   EXPECT_EQ(textOf(first), "First");
   EXPECT_EQ(textOf(second), "Second");
   editor.Run(ID_FILE_CLOSE);
+  EXPECT_TRUE(editor.Action(ID_TOOL_CELL_PROPERTY).isChecked());
+  EXPECT_TRUE(editor.Frame().ToolOptionsBar().MemberCombo().isEnabled());
   EXPECT_EQ(dynamic_cast<QLineEdit&>(Box(editor)).text(), "First");
   editor.Run(ID_FILE_CLOSE);
   EXPECT_FALSE(firstBox);

@@ -69,6 +69,10 @@ TEST_F(Input, AStrokeEndsWithItsButtonWhateverTellsOfIt) {
   editor.PressAt(first);
   editor.PressAt(first);
   EXPECT_TRUE(Marked().empty()) << "a second press is a stroke of its own, which unmarks";
+  editor.Release(first);
+  Send(Viewport(), QMouseEvent(QEvent::MouseButtonDblClick, first, Viewport().mapToGlobal(first),
+                               Qt::LeftButton, Qt::LeftButton, {}));
+  EXPECT_EQ(Marked(), std::vector{11}) << "a quick one counts, too";
 }
 
 TEST_F(Input, ADragThatLeavesTheViewDrawsTheMapAlong) {

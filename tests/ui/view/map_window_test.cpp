@@ -153,19 +153,6 @@ TEST(MapWindow, TheMiddleButtonDragsTheMap) {
   for (int index = 0; index < 8000; ++index) ASSERT_EQ(document.m_pCellMarks[index], 0) << index;
 }
 
-TEST(MapWindow, ThePointerFindsItsCell) {
-  Editor editor;
-  const CVastrelDoc* document = editor.OpenMap(10, 8);
-  editor.MovePointer(editor.Middle({2, 1}));
-  EXPECT_EQ(editor.Pane(ID_INDICATOR_POSITION), "12(2:1)");
-  EXPECT_EQ(*document->m_pCurrentCell, (CellCoord{2, 1}));
-  editor.MovePointer(editor.Middle({0, 0}));
-  EXPECT_EQ(editor.Pane(ID_INDICATOR_POSITION), "0(0:0)");
-  editor.MovePointer({-50, -50});
-  EXPECT_EQ(editor.Pane(ID_INDICATOR_POSITION), "") << "off the map";
-  EXPECT_EQ(*document->m_pCurrentCell, CellCoord{});
-}
-
 TEST(MapWindow, BracketsChooseTheColouringMember) {
   Editor editor;
   ASSERT_TRUE(editor.OpenMap(4, 3));
@@ -179,32 +166,6 @@ TEST(MapWindow, BracketsChooseTheColouringMember) {
   }
   EXPECT_EQ(editor.View().Look().fillMember->GetName(), "star");
   EXPECT_EQ(editor.View().Look().outlineMember->GetName(), "owner");
-}
-
-TEST(MapWindow, DraggingMarksEveryCellEntered) {
-  Editor editor;
-  const CVastrelDoc& document = *editor.OpenMap(10, 8);
-  editor.PressAt(editor.Middle({1, 1}));
-  for (const CellCoord cell : {CellCoord{2, 1}, {3, 1}, {3, 2}}) editor.MovePointer(editor.Middle(cell));
-  editor.MovePointer({-20, -20});
-  editor.Release({-20, -20});
-  editor.MovePointer(editor.Middle({5, 5}));
-  for (const CellCoord cell : {CellCoord{1, 1}, {2, 1}, {3, 1}, {3, 2}})
-    EXPECT_EQ(IsMarked(document, cell), 1);
-  EXPECT_EQ(IsMarked(document, {5, 5}), 0) << "the button is up";
-
-  const QPoint twice = editor.Middle({3, 1});
-  editor.PressAt(twice);
-  editor.Release(twice);
-  QMouseEvent again(QEvent::MouseButtonDblClick, twice, twice, Qt::LeftButton, Qt::LeftButton, {});
-  QApplication::sendEvent(editor.View().viewport(), &again);
-  editor.Release(twice);
-  EXPECT_EQ(IsMarked(document, {3, 1}), 1) << "a quick second press counts, too";
-
-  editor.Run(ID_EDIT_SELECT_ALL);
-  for (int index = 0; index < 80; ++index) ASSERT_EQ(document.m_pCellMarks[index], 1) << index;
-  editor.Run(ID_EDIT_DESELECT);
-  for (int index = 0; index < 80; ++index) ASSERT_EQ(document.m_pCellMarks[index], 0) << index;
 }
 
 TEST(MapWindow, CellsAreReachedAndMarkedByKeysAlone) {
