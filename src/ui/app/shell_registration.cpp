@@ -23,15 +23,27 @@ using Templates = std::vector<std::unique_ptr<CMultiDocTemplateWithID>>;
 
 constexpr int kIconSidePx = 128;
 
-/// True when the file was written: it was missing or had other content.
-bool WriteIfChanged(const QString& path, const QByteArray& content) {
-  QFile old(path);
-  if (old.open(QIODevice::ReadOnly) && old.read(content.size() + 1) == content) return false;
+/// What an installed copy, or an earlier start of one, has for the desktop, below a data folder.
+constexpr QLatin1String kTypes("/mime/packages/quorvel.xml");
+constexpr QLatin1String kEntry("/applications/quorvel.desktop");
+
+/// A build folder has programs, but nothing for the desktop.
+bool IsInstalledCopy() {
+  return QFile::exists(QCoreApplication::applicationDirPath() + QStringLiteral("/../share") + kEntry);
+}
+
+/// By the user's data folder or one of the system's.
+bool IsKnownToDesktop(QLatin1String file) {
+  return !QStandardPaths::locate(QStandardPaths::GenericDataLocation, QString(file.mid(1))).isEmpty();
+}
+
+void WriteMissing(const QString& path, const QByteArray& content) {
+  if (QFile::exists(path)) return;
   QDir().mkpath(QFileInfo(path).path());
   AtomicFile file(QFile::encodeName(path).toStdString());
   file.sputn(content.constData(), content.size());
   std::string errorText;
-  return file.Commit(errorText);
+  file.Commit(errorText);
 }
 
 QByteArray IconFile(const QIcon& icon) {
@@ -67,11 +79,11 @@ QByteArray DesktopEntry() {
 
 void WriteIcons(const Templates& templates, const QString& data) {
   const QString icons = data + QStringLiteral("/icons/hicolor/%1x%1/").arg(kIconSidePx);
-  WriteIfChanged(icons + QStringLiteral("apps/quorvel.png"), IconFile(ApplicationIcon()));
+  WriteMissing(icons + QStringLiteral("apps/quorvel.png"), IconFile(ApplicationIcon()));
   for (const auto& docTemplate : templates) {
     const QString name = QString::fromStdString(MimeTypeOf(*docTemplate)).replace(u'/', u'-');
-    WriteIfChanged(icons + QStringLiteral("mimetypes/") + name + QStringLiteral(".png"),
-                   IconFile(DocumentIcon(docTemplate->GetResourceID())));
+    WriteMissing(icons + QStringLiteral("mimetypes/") + name + QStringLiteral(".png"),
+                 IconFile(DocumentIcon(docTemplate->GetResourceID())));
   }
 }
 
@@ -91,13 +103,13 @@ std::string MimeTypeOf(const CMultiDocTemplateWithID& docTemplate) {
 
 void RegisterShellFileTypes(const Templates& templates) {
   const QString data = QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation);
-  if (data.isEmpty()) return;
-  const bool isTypeNew = WriteIfChanged(data + QStringLiteral("/mime/packages/quorvel.xml"),
-                                        Resource(QStringLiteral("quorvel.xml")));
-  const bool isEntryNew =
-      WriteIfChanged(data + QStringLiteral("/applications/quorvel.desktop"), DesktopEntry());
-  if (!isTypeNew && !isEntryNew) return;
-  WriteIcons(templates, data);
+  if (data.isEmpty() || !IsInstalledCopy()) return;
+  const bool isTypeMissing = !IsKnownToDesktop(kTypes);
+  const bool isEntryMissing = !IsKnownToDesktop(kEntry);
+  if (!isTypeMissing && !isEntryMissing) return;
+  WriteIcons(templates, data);  // first: once types and entry are there, nothing more is written
+  if (isTypeMissing) WriteMissing(data + kTypes, Resource(QStringLiteral("quorvel.xml")));
+  if (isEntryMissing) WriteMissing(data + kEntry, DesktopEntry());
   RunIndexer(QStringLiteral("update-mime-database"), data + QStringLiteral("/mime"));
   RunIndexer(QStringLiteral("update-desktop-database"), data + QStringLiteral("/applications"));
 }

@@ -50,25 +50,6 @@ TEST(CommandLine, TellsWrongArgumentsWithoutControlBytes) {
       "The following argument was not expected: --no%1B[2J%0A%9B\nRun with --help for more information.\n");
 }
 
-TEST(ShellRegistration, WritesTypesAndEntryOnceAndOnlyWhenChanged) {
-  Editor editor;
-  const std::string entry = editor.folder.Read("data/applications/quorvel.desktop");
-  const std::string types = editor.folder.Read("data/mime/packages/quorvel.xml");
-  for (const char* part : {"application/x-quorvel.document;application/x-orvantis.map.vastrel;", "\" %F\n",
-                           "\" --print %F\n", "\" --print-to %p %f\n"}) {
-    EXPECT_NE(entry.find(part), entry.npos) << part;
-  }
-  EXPECT_EQ(entry.find("=quorvel "), entry.npos) << "a program that may not be found";
-  for (const char* part : {"*.gdf", "*.vrl", "Generic Data File", "Orvantis Vastrel Map File"}) {
-    EXPECT_NE(types.find(part), types.npos) << part;
-  }
-  const std::string path = editor.folder / "data/mime/packages/quorvel.xml";
-  const auto written = std::filesystem::file_time_type{} + std::chrono::hours(1);
-  std::filesystem::last_write_time(path, written);
-  RegisterShellFileTypes(editor.app.Templates());
-  EXPECT_EQ(std::filesystem::last_write_time(path), written);
-}
-
 TEST(ShellRegistration, AnInstalledCopyBringsTheSameTypes) {
   Editor editor;
   std::ifstream entryFile(std::string(QUORVEL_SOURCE_DIR) + "/share/applications/quorvel.desktop");
