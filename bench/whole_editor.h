@@ -42,7 +42,8 @@ class BenchFolder {
 /// Agrees to everything, and tells on the terminal what a user would have been told.
 class AgreeingPrompts : public Prompts {
  public:
-  Answer Message(const std::string& text, MessageButtons buttons, MessageIcon) override {
+  using Prompts::Message;
+  Answer Message(const std::string& text, MessageButtons buttons, MessageIcon, const std::string&) override {
     std::cerr << text << '\n';
     return buttons == MessageButtons::SaveDiscardCancel ? Answer::Discard : Answer::Ok;
   }
@@ -83,7 +84,6 @@ class WholeEditor {
                   toolOptions_,
                   settings_,
                   clock_,
-                  {},
                   folder_.Path("fills"),
                   folder_.Path("journals")},
         app_(services_, {feedback_, toolOptions_, frames_}) {

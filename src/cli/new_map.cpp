@@ -45,6 +45,8 @@ class NewMapMaker {
       typesPath_ = request_.definitionsPath ? *request_.definitionsPath : DefaultPath();
       DataBranch definitions("");
       map_.code = ReadTreeFile(console_, typesPath_, definitions, TreePart::WithoutObjects);
+      const bool hasNone = map_.code == ExitCode::Trouble && !request_.definitionsPath;
+      if (hasNone) Console::Complain("no default definitions file; give --definitions");
       if (IsGood()) BuildTypes(definitions, map_.contents, map_.errorText);
     }
     Judge(typesPath_);

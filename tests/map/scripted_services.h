@@ -65,7 +65,7 @@ struct ScriptedServices {
   NoToolOptions toolOptions;
   SettingsStore settings{SettingsPlaces{}};
   FixedClock clock;
-  Services services{prompts, feedback, mapDialogs, toolOptions, settings, clock, "/usr/share/quorvel"};
+  Services services{prompts, feedback, mapDialogs, toolOptions, settings, clock};
 };
 
 }  // namespace quorvel

@@ -20,10 +20,14 @@ class ScriptedPrompts : public Prompts {
   std::deque<std::optional<std::size_t>> types;
 
   std::vector<std::string> messages;
+  std::vector<std::string> whatsThisTexts;  ///< one for each message
   std::vector<FilePrompt> filePrompts;
   std::vector<std::vector<std::string>> typeLists;
 
-  Answer Message(const std::string& text, MessageButtons buttons, MessageIcon) override {
+  using Prompts::Message;
+  Answer Message(const std::string& text, MessageButtons buttons, MessageIcon,
+                 const std::string& whatsThis) override {
+    whatsThisTexts.push_back(whatsThis);
     messages.push_back(text);
     return buttons == MessageButtons::Ok ? Answer::Ok : Next(answers, Answer::Cancel, text);
   }

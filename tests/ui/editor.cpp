@@ -48,7 +48,6 @@ Services Editor::ServicesFor(Answers answers) {
           toolOptions,
           settings,
           clock,
-          {},
           folder / "fills"};
 }
 

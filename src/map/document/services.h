@@ -56,8 +56,6 @@ struct Services {
   ToolOptions& toolOptions;
   SettingsStore& settings;
   const Clock& clock;
-  /// Where the question for the definitions file opens; empty: the system's choice.
-  std::string definitionsFolder;
   std::string fillsFolder = {};     ///< where the settings of fills are kept; empty: nowhere
   std::string journalsFolder = {};  ///< where changes are kept safe from a crash; empty: nowhere
 };

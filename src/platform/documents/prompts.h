@@ -34,7 +34,12 @@ class Prompts {
 
   /// Shows `text` until it is answered. Closing the box counts as Cancel, or as Ok where that is the only
   /// button.
-  virtual Answer Message(const std::string& text, MessageButtons buttons, MessageIcon icon) = 0;
+  /// `whatsThis` is what the box's own help says.
+  virtual Answer Message(const std::string& text, MessageButtons buttons, MessageIcon icon,
+                         const std::string& whatsThis) = 0;
+  Answer Message(const std::string& text, MessageButtons buttons, MessageIcon icon) {
+    return Message(text, buttons, icon, {});
+  }
   /// An existing file to open; none: cancelled.
   virtual std::optional<std::string> OpenFileName(const FilePrompt& prompt) = 0;
   /// A file to write; an existing one was confirmed. None: cancelled.

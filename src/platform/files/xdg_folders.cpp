@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <filesystem>
 
 namespace quorvel {
 namespace {
@@ -22,6 +23,13 @@ std::string UserFolder(const char* variable, std::string_view belowHome) {
   if (!folder.empty()) return folder;
   folder = FolderFrom("HOME");
   return folder.empty() ? folder : folder.append(belowHome);
+}
+
+/// Empty where the system does not tell which program runs.
+std::string BesideProgramFolder(const char* folder) {
+  std::error_code ignored;
+  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", ignored);
+  return program.empty() ? "" : (program.parent_path().parent_path() / folder).string();
 }
 
 }  // namespace
@@ -45,6 +53,14 @@ std::vector<std::string> SystemConfigFolders() {
     names.remove_prefix(std::min(name.size() + 1, names.size()));
   }
   return folders;
+}
+
+std::string ProgramDataFolder() {
+  return BesideProgramFolder("share/quorvel");
+}
+
+std::string ProgramConfigFolder() {
+  return BesideProgramFolder("etc/xdg");
 }
 
 std::string RuntimeFolder() {

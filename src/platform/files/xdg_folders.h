@@ -19,6 +19,14 @@ std::string ConfigFolder();
 /// For the system's settings, the most important first: those of $XDG_CONFIG_DIRS (else /etc/xdg).
 std::vector<std::string> SystemConfigFolders();
 
+/// For what comes with this copy of the program: "share/quorvel" beside the program's folder. It need not
+/// exist.
+std::string ProgramDataFolder();
+
+/// For the settings that come with this copy of the program: "etc/xdg" beside the program's folder. It need
+/// not exist.
+std::string ProgramConfigFolder();
+
 /// For what lives as long as the session: $XDG_RUNTIME_DIR.
 std::string RuntimeFolder();
 

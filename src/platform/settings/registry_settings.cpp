@@ -4,12 +4,6 @@
 
 namespace quorvel {
 
-namespace {
-
-constexpr std::size_t kBufferBytes = 260;  // terminator included
-
-}  // namespace
-
 bool CRegistrySettings::CreateKey(const std::string& subPath, const std::string& keyName) {
   const std::string parent = basePath_ + subPath;
   if (!store_.HasKey(parent)) return false;
@@ -26,7 +20,7 @@ bool CRegistrySettings::GetString(const std::string& subPath, const std::string&
   }
   const std::optional<std::string> value = store_.Get(key, valueName);
   // As the buffer's text ends.
-  if (value && value->size() < kBufferBytes) output = value->substr(0, value->find('\0'));
+  if (value && value->size() <= kMaxValueBytes) output = value->substr(0, value->find('\0'));
   return true;
 }
 
@@ -34,8 +28,7 @@ bool CRegistrySettings::SetString(const std::string& subPath, const std::string&
                                   const std::string& value) {
   const std::string key = basePath_ + subPath;
   if (!store_.HasKey(key)) return false;
-  return store_.Set(key, valueName,
-                    std::string_view(value.c_str(), strnlen(value.c_str(), kBufferBytes - 1)));
+  return store_.Set(key, valueName, std::string_view(value.c_str(), strnlen(value.c_str(), kMaxValueBytes)));
 }
 
 }  // namespace quorvel

@@ -10,6 +10,8 @@ namespace quorvel {
 /// application's key itself. Values hold at most 259 bytes (a buffer of 260 with its terminator).
 class CRegistrySettings {
  public:
+  static constexpr std::size_t kMaxValueBytes = 259;
+
   /// `basePath` ends with a backslash and is put before every sub-path as it stands.
   explicit CRegistrySettings(SettingsStore& store, std::string basePath = std::string(kApplicationKey) + "\\")
       : store_(store), basePath_(std::move(basePath)) {}

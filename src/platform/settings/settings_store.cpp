@@ -13,13 +13,6 @@ namespace {
 
 constexpr char kFileName[] = "Kelmsor/Quorvel.conf";
 
-std::string SettingsFileOfPrefix() {
-  std::error_code ignored;
-  const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", ignored);
-  const std::filesystem::path file = program.parent_path().parent_path() / "etc/xdg" / kFileName;
-  return std::filesystem::exists(file, ignored) ? file.string() : std::string();
-}
-
 std::string_view WithoutTrailingBackslashes(std::string_view key) {
   while (key.ends_with('\\')) key.remove_suffix(1);
   return key;
@@ -45,8 +38,8 @@ SettingsPlaces SettingsPlaces::FromEnvironment() {
   if (const std::string folder = ConfigFolder(); !folder.empty()) places.userFile = folder + "/" + kFileName;
   for (const std::string& folder : SystemConfigFolders())
     places.systemFiles.push_back(folder + "/" + kFileName);
-  const std::string own = SettingsFileOfPrefix();
-  if (!own.empty()) places.systemFiles.push_back(own);
+  if (const std::string folder = ProgramConfigFolder(); !folder.empty())
+    places.systemFiles.push_back(folder + "/" + kFileName);
   return places;
 }
 
@@ -75,6 +68,15 @@ std::optional<std::string> SettingsStore::Get(std::string_view key, std::string_
   for (const SettingKeys& keys : Layers())
     if (const std::string* value = Find(keys, key, name)) return *value;
   return std::nullopt;
+}
+
+std::vector<std::string> SettingsStore::SystemValues(std::string_view key, std::string_view name) const {
+  std::vector<std::string> values;
+  for (const std::string& file : places_.systemFiles) {
+    const SettingKeys keys = ReadSettingsFile(file).value_or(SettingKeys());
+    if (const std::string* value = Find(keys, key, name)) values.push_back(*value);
+  }
+  return values;
 }
 
 /// Reads, changes and writes the user's file as it is now, so that what other programs stored stays.

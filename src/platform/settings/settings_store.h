@@ -18,8 +18,7 @@ struct SettingsPlaces {
   std::vector<std::string> systemFiles;  ///< read only, the first wins; as an installer leaves them
 
   /// Kelmsor/Quorvel.conf below $XDG_CONFIG_HOME (else ~/.config), and below each folder of $XDG_CONFIG_DIRS
-  /// (else /etc/xdg). Last, where there is one, that of a copy installed under a prefix of its own:
-  /// ../etc/xdg beside the program's folder.
+  /// (else /etc/xdg). Last the one that comes with this copy of the program: below etc/xdg beside its folder.
   static SettingsPlaces FromEnvironment();
 };
 
@@ -37,6 +36,8 @@ class SettingsStore {
   /// Trailing backslashes of a key path do not count.
   bool HasKey(std::string_view key) const;
   std::optional<std::string> Get(std::string_view key, std::string_view name) const;
+  /// What each of the system's files gives, the most important first, whatever the user's says.
+  std::vector<std::string> SystemValues(std::string_view key, std::string_view name) const;
   /// Makes the key. False: not stored.
   bool CreateKey(std::string_view key);
   /// Sets the value, making its key. False: not stored.

@@ -4,9 +4,6 @@
 #include <string_view>
 
 #include <QApplication>
-#include <QDir>
-#include <QFile>
-#include <QStandardPaths>
 
 #include "platform/files/edit_journal.h"
 #include "platform/files/end_by_signal.h"
@@ -43,15 +40,6 @@ void GoWithoutDisplay() {
   qInstallMessageHandler(&SayNothing);
 }
 
-/// Where an installed copy has its definitions; empty: not installed.
-std::string InstalledShareFolder() {
-  QString folder = QStandardPaths::locate(QStandardPaths::GenericDataLocation, QStringLiteral("quorvel"),
-                                          QStandardPaths::LocateDirectory);
-  const QDir ofPrefix(QCoreApplication::applicationDirPath() + QStringLiteral("/../share/quorvel"));
-  if (folder.isEmpty() && ofPrefix.exists()) folder = ofPrefix.canonicalPath();
-  return QFile::encodeName(folder).toStdString();
-}
-
 int RunEditor(const quorvel::CCommandLineInfo& commandLine) {
   using namespace quorvel;
   QtPrompts prompts;
@@ -60,15 +48,8 @@ int RunEditor(const quorvel::CCommandLineInfo& commandLine) {
   QtToolOptions toolOptions;
   SettingsStore settings(SettingsPlaces::FromEnvironment());
   const SystemClock clock;
-  Services services{prompts,
-                    feedback,
-                    mapDialogs,
-                    toolOptions,
-                    settings,
-                    clock,
-                    InstalledShareFolder(),
-                    StateFolder("fills"),
-                    EditJournal::FolderFromEnvironment()};
+  Services services{prompts,  feedback, mapDialogs,           toolOptions,
+                    settings, clock,    StateFolder("fills"), EditJournal::FolderFromEnvironment()};
   EndTidilyOnSignals();
   QtFrameHost frames;
   CMapEditorApp application(services, {feedback, toolOptions, frames});

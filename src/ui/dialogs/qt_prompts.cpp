@@ -80,11 +80,13 @@ std::optional<std::string> Run(QFileDialog& dialog) {
 
 }  // namespace
 
-Answer QtPrompts::Message(const std::string& text, MessageButtons buttons, MessageIcon icon) {
+Answer QtPrompts::Message(const std::string& text, MessageButtons buttons, MessageIcon icon,
+                          const std::string& whatsThis) {
   QMessageBox box(QApplication::activeWindow());
   box.setWindowTitle(FromResource(FindString(IDS_APP_TITLE).text));
   box.setTextFormat(Qt::PlainText);
   box.setText(DisplayText(text));
+  box.setWhatsThis(DisplayText(whatsThis));
   box.setIcon(icon == MessageIcon::Exclamation ? QMessageBox::Warning : QMessageBox::NoIcon);
   box.setStandardButtons(ButtonsOf(buttons));
   if (buttons == MessageButtons::SaveDiscardCancel) box.setDefaultButton(QMessageBox::Save);

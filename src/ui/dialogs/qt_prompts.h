@@ -10,7 +10,9 @@ namespace quorvel {
 /// before it ended: in its folder and, to open, with its type of files.
 class QtPrompts final : public Prompts {
  public:
-  Answer Message(const std::string& text, MessageButtons buttons, MessageIcon icon) override;
+  using Prompts::Message;
+  Answer Message(const std::string& text, MessageButtons buttons, MessageIcon icon,
+                 const std::string& whatsThis) override;
   std::optional<std::string> OpenFileName(const FilePrompt& prompt) override;
   std::optional<std::string> SaveFileName(const FilePrompt& prompt) override;
   std::optional<std::size_t> SelectType(const std::vector<std::string>& types) override;

@@ -47,8 +47,8 @@ class Editing : public testing::Test {
 
   StatusFeedback feedback;
   ScriptedServices world;
-  Services services{world.prompts, feedback, world.mapDialogs, world.toolOptions, world.settings,
-                    world.clock,   ""};
+  Services services{world.prompts,     feedback,       world.mapDialogs,
+                    world.toolOptions, world.settings, world.clock};
   CVastrelDoc document;
   LoggingView view;
 };

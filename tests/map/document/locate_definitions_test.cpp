@@ -10,22 +10,43 @@
 namespace quorvel {
 namespace {
 
+namespace fs = std::filesystem;
 using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Optional;
 
+const std::string kKey = std::string(kApplicationKey) + "\\Definitions";
+const std::string kQuestion = "The default definitions file was not found.\nPlease locate the file.";
+
+/// A user in a working folder of their own, on a system with two settings files.
 class LocateDefinitions : public testing::Test {
  protected:
-  LocateDefinitions() : registry(world.settings) {}
-
-  std::string Remembered() {
-    std::string file = "(nothing)";
-    registry.GetString("Definitions", "DefaultFile", file, "(no key)");
-    return file;
+  LocateDefinitions() {
+    fs::create_directories(folder / "work");
+    fs::current_path(folder / "work");
+    world.settings =
+        SettingsStore({.userFile = folder / "user", .systemFiles = {folder / "a", folder / "b"}});
   }
+  ~LocateDefinitions() override { fs::current_path(before_); }
+
+  void System(const std::string& file, const std::string& path) const {
+    folder.Write(file, "[" + kKey + "]\nDefaultFile=" + path + "\n");
+  }
+  void ExpectUnasked(const std::string& expected) {
+    EXPECT_EQ(DefaultDefinitionsPath(world.settings), expected);
+    EXPECT_EQ(LocateDefaultDefinitions(path, world.services), DialogResult::Ok);
+    EXPECT_EQ(path, expected);
+    EXPECT_THAT(world.prompts.TakeMessages(), ElementsAre());
+  }
+  void Store(const std::string& text) { world.settings.Set(kKey, "DefaultFile", text); }
+  std::optional<std::string> Stored() const { return world.settings.Get(kKey, "DefaultFile"); }
 
   const TempFolder folder;
   ScriptedServices world;
-  CRegistrySettings registry;
   std::string path = "before";
+
+ private:
+  const fs::path before_ = fs::current_path();
 };
 
 TEST_F(LocateDefinitions, AsksUntilAFileIsThere) {
@@ -35,15 +56,15 @@ TEST_F(LocateDefinitions, AsksUntilAFileIsThere) {
   EXPECT_EQ(DefaultDefinitionsPath(world.settings), "Definitions.txt");
   EXPECT_EQ(LocateDefaultDefinitions(path, world.services), DialogResult::Ok);
   EXPECT_EQ(path, folder / "defs.txt");
-  EXPECT_EQ(Remembered(), path);
-  EXPECT_EQ(LocateDefaultDefinitions(path, world.services), DialogResult::Ok);
-  EXPECT_EQ(DefaultDefinitionsPath(world.settings), path);  // found unasked
-  const std::string question = "The default definitions file was not found.\nPlease locate the file.";
-  EXPECT_THAT(world.prompts.messages, ElementsAre(question, question));
+  EXPECT_THAT(Stored(), Optional(path));
+  EXPECT_THAT(world.prompts.whatsThisTexts,
+              ElementsAre(HasSubstr("definitions file is"), HasSubstr("definitions file is")));
+  EXPECT_THAT(world.prompts.TakeMessages(), ElementsAre(kQuestion, kQuestion));
+  ExpectUnasked(folder / "defs.txt");
   ASSERT_EQ(world.prompts.filePrompts.size(), 2U);
   EXPECT_EQ(world.prompts.filePrompts[0].title, "Locate default definitions file");
   EXPECT_TRUE(world.prompts.filePrompts[0].filters.empty());
-  EXPECT_EQ(world.prompts.filePrompts[0].folder, "/usr/share/quorvel");
+  EXPECT_EQ(world.prompts.filePrompts[0].folder, "");
 }
 
 TEST_F(LocateDefinitions, GivesUpWithTheUser) {
@@ -54,7 +75,48 @@ TEST_F(LocateDefinitions, GivesUpWithTheUser) {
   world.prompts.answers = {Answer::Ok};
   world.prompts.names = {std::nullopt};
   EXPECT_EQ(LocateDefaultDefinitions(path, world.services), DialogResult::Cancel);
-  EXPECT_EQ(Remembered(), "(no key)");
+  EXPECT_EQ(Stored(), std::nullopt);
+}
+
+TEST_F(LocateDefinitions, TakesTheSystemsWhereTheUserHasNone) {
+  const std::string shipped = folder.Write("shipped.txt", "x");
+  System("a", folder / "gone.txt");
+  System("b", shipped);
+  ExpectUnasked(shipped);
+  EXPECT_EQ(folder.Read("user"), "(none)") << "the system's may change";
+  for (const std::string& none : {std::string("Definitions.txt"), shipped, folder / "gone.txt"}) {
+    SCOPED_TRACE(none);
+    Store(none);
+    ExpectUnasked(shipped);
+    EXPECT_THAT(Stored(), Optional(none));
+  }
+
+  folder.Write("work/Definitions.txt", "x");
+  ExpectUnasked("Definitions.txt");
+  EXPECT_THAT(Stored(), Optional(folder / "work/Definitions.txt"));
+  fs::current_path(folder.Path());
+  ExpectUnasked(folder / "work/Definitions.txt");
+}
+
+TEST_F(LocateDefinitions, AsksForTheUsersOwnInTheFolderOfTheShipped) {
+  System("a", folder.Write("shipped.txt", "x"));
+  Store(folder / "gone.txt");
+  world.prompts.answers = {Answer::Ok};
+  world.prompts.names = {folder / "shipped.txt"};
+  EXPECT_EQ(LocateDefaultDefinitions(path, world.services), DialogResult::Ok);
+  EXPECT_THAT(world.prompts.TakeMessages(), ElementsAre(kQuestion));
+  EXPECT_EQ(world.prompts.filePrompts.at(0).folder, folder.Path());
+  EXPECT_THAT(Stored(), Optional(folder / "shipped.txt"));
+}
+
+TEST_F(LocateDefinitions, TakesPathsOfTheSystemLongerThanSettingsHold) {
+  const std::string name = std::string(200, 'p');
+  fs::create_directories(folder / (name + "/" + name));
+  const std::string shipped = folder.Write(name + "/" + name + "/Definitions.txt", "x");
+  System("a", shipped);
+  ExpectUnasked(shipped);
+  Store(shipped.substr(0, CRegistrySettings::kMaxValueBytes));  // as it was picked
+  ExpectUnasked(shipped);
 }
 
 }  // namespace

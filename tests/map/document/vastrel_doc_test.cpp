@@ -182,7 +182,7 @@ TEST_F(VastrelDoc, WantOfMemoryInTheFillLeavesNoMap) {
   GiveDefinitions(SampleClasses());
   NullFeedback quiet;
   FillingDialogs dialogs;
-  Services services{world.prompts, quiet, dialogs, world.toolOptions, world.settings, world.clock, ""};
+  Services services{world.prompts, quiet, dialogs, world.toolOptions, world.settings, world.clock};
   std::unique_ptr<CVastrelDoc> fresh;
   const auto begin = [&] {
     fresh = std::make_unique<CVastrelDoc>(services);
