@@ -11,4 +11,7 @@ namespace quorvel {
 /// instance's class.
 bool PassesFilter(const CPropertySettingList& filter, ClassInstance instance);
 
+/// Whether there is a filter and a setting in it that is not passed over.
+bool IsFilterActive(const CPropertySettingList* filter);
+
 }  // namespace quorvel

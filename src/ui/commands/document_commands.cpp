@@ -1,6 +1,7 @@
 #include "ui/commands/document_commands.h"
 
 #include "map/document/editing.h"
+#include "map/fill/map_filter.h"
 #include "ui/resources/command_ids.h"
 
 namespace quorvel {
@@ -35,7 +36,9 @@ constexpr CommandRow<CVastrelDoc> kDocumentCommands[] = {
       .menuText = "&Filter...",
       .text = "Filter...\tFilter...",
       .whatsThis = "Chooses the values of cells that are shown in full colour."},
-     [](CVastrelDoc& document) { OnViewFilter(document); }},
+     [](CVastrelDoc& document) { OnViewFilter(document); },
+     nullptr,
+     [](const CVastrelDoc& document) { return IsFilterActive(document.m_pFilter.get()); }},
     {{.id = ID_FILE_CLOSE,
       .menuText = "&Close",
       .text = "Close the active map\nClose",

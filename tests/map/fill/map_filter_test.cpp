@@ -12,6 +12,7 @@ struct FilterRow {
   float coverage;
   std::vector<const char*> values;
   bool passes;
+  bool isActive = true;
 };
 
 TEST(MapFilter, ACellPassesWhenItsValueIsOneOfTheValues) {
@@ -25,9 +26,9 @@ TEST(MapFilter, ACellPassesWhenItsValueIsOneOfTheValues) {
                             {"a text added again is the same text", "Name", 100, {"Sol", "Vega"}, true},
                             {"texts differ in case", "Name", 100, {"vega"}, false},
                             {"a float", "Weight", 100, {"2.50"}, true},
-                            {"a property switched off", "Kind", 0, {"0"}, true},
-                            {"a property without values", "Kind", 100, {}, true},
-                            {"objects have no value", "Part", 100, {"x"}, true}};
+                            {"a property switched off", "Kind", 0, {"0"}, true, false},
+                            {"a property without values", "Kind", 100, {}, true, false},
+                            {"objects have no value", "Part", 100, {"x"}, true, false}};
   const ClassInstance cell = map.m_pGrid->Find(0)->data;
   for (const FilterRow& row : rows) {
     SCOPED_TRACE(row.what);
@@ -36,12 +37,14 @@ TEST(MapFilter, ACellPassesWhenItsValueIsOneOfTheValues) {
     setting.SetCoverage(row.coverage);
     for (const char* value : row.values) setting.AddValue().StoreText(value);
     EXPECT_EQ(PassesFilter(filter, cell), row.passes);
+    EXPECT_EQ(IsFilterActive(&filter), row.isActive);
   }
 }
 
 TEST(MapFilter, EverySettingMustAgreeAndMissingCellsHaveDefaults) {
   MapContents map = ContentsOf(SampleClasses());
   CPropertySettingList filter;
+  EXPECT_FALSE(IsFilterActive(&filter));
   EXPECT_TRUE(PassesFilter(filter, ClassInstance::None));
   filter.Add(map.m_pCellClass->FindMember("Name"), CoverageControl::Button).AddValue().StoreText("none");
   EXPECT_TRUE(PassesFilter(filter, ClassInstance::None));

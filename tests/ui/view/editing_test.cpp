@@ -207,17 +207,18 @@ TEST(Editing, TheFilterFadesWhatFailsIt) {
     page.DoubleClickValue(0);
     page.ChooseName(1);
   };
-  const auto filter = [&](ModalSteps steps, int end) {
+  const auto filter = [&](ModalSteps steps, int end, bool isActive) {
     WhenModal([=](QDialog& wizard) {
       steps(wizard);
       Press(wizard, end);
     });
     editor.Run(ID_VIEW_FILTER);
+    EXPECT_EQ(editor.Action(ID_VIEW_FILTER).isChecked(), isActive);
   };
 
-  filter(addAurelia, IDCANCEL);
+  filter(addAurelia, IDCANCEL, false);
   EXPECT_FALSE(document.m_pFilter);
-  filter(addAurelia, ID_WIZFINISH);
+  filter(addAurelia, ID_WIZFINISH, true);
   ASSERT_TRUE(document.m_pFilter);
   EXPECT_NE(looks({0, 0}), free);
   EXPECT_EQ(looks({1, 0}), taken);
@@ -230,7 +231,7 @@ TEST(Editing, TheFilterFadesWhatFailsIt) {
     page.ClickValue(0);
     Press(page.page, IDC_REMOVE_VALUES);
   };
-  filter(removeValue, IDCANCEL);
+  filter(removeValue, IDCANCEL, true);
   EXPECT_NE(looks({0, 0}), free) << "the page had a copy";
   const auto unselect = [](QDialog& wizard) {
     CellPageDriver page(wizard);
@@ -238,7 +239,7 @@ TEST(Editing, TheFilterFadesWhatFailsIt) {
     EXPECT_EQ(page.Text(0, 0), "Aurelia");
     QTest::mouseClick(&page.SelectButton(), Qt::LeftButton);
   };
-  filter(unselect, ID_WIZFINISH);
+  filter(unselect, ID_WIZFINISH, false);
   EXPECT_EQ(looks({0, 0}), free);
   EXPECT_FALSE(document.IsModified());
 }
