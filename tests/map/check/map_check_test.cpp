@@ -84,9 +84,14 @@ TEST(MapCheck, OneFaultOfATextMapIsOneProblemWithItsLine) {
   const CheckRow rows[] = {
       // the head
       {"CellType=\"hex\"", "CellType=hex", "CellType=hex", "Version/CellType is hex instead of \"hex\""},
+      {"FileVersion=0", "FileVersion=1", "FileVersion=1", "Version/FileVersion is 1 instead of 0"},
       {"FileVersion=0\r\n", "", "", "Version/FileVersion is missing"},
       {"FileVersion=0", "FileVersion=0\r\nAuthor=\"x\"", "Author",
        "Version/Author is not part of such a map"},
+      {"type=\"text\"", "type=\"Text\"", "type=\"Text\"",
+       "Version/Data/type is \"Text\" instead of \"text\""},
+      {"type=\"Map\"", "type=\"Chart\"", "type=\"Chart\"",
+       "Declare/Galaxy/type is \"Chart\" instead of \"Map\""},
       // lines
       {"[Version]\r\n", "[Version]\r\nword\r\n", "word",
        "the line is ignored, it is neither a section nor key=value"},
@@ -94,6 +99,7 @@ TEST(MapCheck, OneFaultOfATextMapIsOneProblemWithItsLine) {
        "CellType is given again, the value of line 4 is lost"},
       {"[Declare/Galaxy]", "[Classes/Cell]\r\n[Declare/Galaxy]", "[Classes/Cell]\r\n[Declare",
        "section [Classes/Cell] is given again"},
+      {"Name=\"Vega\"", "Name", "Name\r\n", "the line is ignored, it is neither a section nor key=value"},
       // the map object
       {"Width=3", "Width=3\r\nDepth=4", "Depth", "no member of class Map is named Depth"},
       {"Height=2", "Height=2.5", "Height=2.5", "Height is no whole number, \"2.5\" is read as 2"},
