@@ -56,7 +56,7 @@ TEST(Rewrite, RefusesToReplaceItsInputByLess) {
     bool hintsAtLf;
     const char* withLf;  ///< what --lf leaves in place of the file, null: it refuses too
   } rows[] = {
-      {"a picture", std::string_view("\x89PNG\r\n\x1a\n\0\0\0\rIHDRx=1", 23), false, nullptr},
+      {"a picture", std::string_view("\x89PNG\r\n\x1a\n\0\0\0\rIHDRx=1", 19), false, nullptr},
       {"zeros", std::string_view("\0\0\0", 3), false, nullptr},
       {"LF alone", "// note\n[A]\nx=1\ny=2\n", true, "[A]\r\nx=1\r\ny=2\r\n"},
       {"one LF alone among good lines", "x=1\r\ny=2\nz=3\r\n", true, "x=1\r\ny=2\r\nz=3\r\n"},
