@@ -23,11 +23,12 @@ std::optional<MapRect> PartAt(const CellGrid& grid, const PictureRequest& reques
 
 /// The smallest of the ten sizes at which the part fills what it is to fit into, or the largest.
 float FittingCellSize(const CellGrid& grid, const PictureRequest& request) {
-  float cellSizePx = kSmallestCellPx;
-  for (; cellSizePx < kLargestCellPx; cellSizePx += kCellStepPx) {
+  const auto isTooSmall = [&](float cellSizePx) {
     const auto part = PartAt(grid, request, cellSizePx);
-    if (!part || part->Width() >= request.fit->width() || part->Height() >= request.fit->height()) break;
-  }
+    return part && part->Width() < request.fit->width() && part->Height() < request.fit->height();
+  };
+  float cellSizePx = kSmallestCellPx;
+  while (cellSizePx < kLargestCellPx && isTooSmall(cellSizePx)) cellSizePx += kCellStepPx;
   return cellSizePx;
 }
 

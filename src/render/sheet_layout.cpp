@@ -59,8 +59,9 @@ SheetLayout::SheetLayout(const MapRect& extent, float cellSizePx, const SheetRoo
 QRectF SheetLayout::Part(std::int64_t sheet) const {
   const QRectF whole(static_cast<double>(extent_.left), static_cast<double>(extent_.top),
                      static_cast<double>(extent_.Width()), static_cast<double>(extent_.Height()));
-  const QPointF corner(static_cast<double>(sheet % columns_) * (roomPx_.width() - overlapPx_),
-                       static_cast<double>(sheet / columns_) * (roomPx_.height() - overlapPx_));
+  const std::int64_t column = sheet % columns_, row = sheet / columns_;
+  const QPointF corner(static_cast<double>(column) * (roomPx_.width() - overlapPx_),
+                       static_cast<double>(row) * (roomPx_.height() - overlapPx_));
   return QRectF(whole.topLeft() + corner, roomPx_) & whole;
 }
 
